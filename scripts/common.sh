@@ -1,0 +1,39 @@
+# Shared by the run and test scripts: installs missing Debian packages, then configures and
+# builds into build/ (or $VANTREL_BUILD_DIR).
+set -euo pipefail
+
+VANTREL_ROOT="$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)"
+VANTREL_BUILD_DIR="${VANTREL_BUILD_DIR:-$VANTREL_ROOT/build}"
+
+BUILD_PACKAGES=(
+    build-essential cmake ninja-build pkg-config
+    qt6-base-dev qt6-base-dev-tools libgl-dev
+    libxkbcommon-dev libxkbcommon-x11-dev xkb-data
+    libxcb1-dev libxcb-xkb-dev libxcb-xinput-dev libxcb-xfixes0-dev libxcb-randr0-dev
+    libxcb-shape0-dev libxcb-damage0-dev libxcb-xtest0-dev
+    fonts-dejavu-core
+)
+# A virtual display and the tools that drive and read it.
+DISPLAY_PACKAGES=(xvfb xdotool x11-xserver-utils x11-xkb-utils xcompmgr imagemagick xauth)
+
+install_packages() {
+    local missing=()
+    local package
+    for package in "$@"; do
+        dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q 'install ok installed' ||
+            missing+=("$package")
+    done
+    [ ${#missing[@]} -eq 0 ] && return 0
+    echo "Installing: ${missing[*]}"
+    local sudo=""
+    [ "$(id -u)" -eq 0 ] || sudo="sudo"
+    $sudo apt-get update -qq
+    DEBIAN_FRONTEND=noninteractive $sudo apt-get install -y -qq --no-install-recommends "${missing[@]}"
+}
+
+build_vantrel() {
+    local build_type="${VANTREL_BUILD_TYPE:-RelWithDebInfo}"
+    cmake -S "$VANTREL_ROOT" -B "$VANTREL_BUILD_DIR" -G Ninja -DCMAKE_BUILD_TYPE="$build_type" \
+        ${VANTREL_CMAKE_ARGS:-} >/dev/null
+    cmake --build "$VANTREL_BUILD_DIR" --parallel "$(nproc)"
+}
