@@ -1,8 +1,35 @@
 #pragma once
 
+#include <QString>
+
+#include <functional>
+#include <memory>
+
+class CaptureBackend;
+class CompositorWatcher;
+class KeyboardLayoutSource;
+class QObject;
+
 // Factories for the platform's implementations of the interfaces that the rest of Vantrel uses.
 // The backend is chosen at build time; nothing outside src/platform/ includes platform headers.
 class Platform final {
 public:
     Platform() = delete;
+
+    // Why no display can be used (empty when one can): the program needs an X11 display.
+    static QString displayProblem();
+    // Follows whether a compositing manager runs; nothing when no display can be reached.
+    static std::unique_ptr<CompositorWatcher> createCompositorWatcher();
+    // Calls `handler` on the main thread when the process is asked to terminate (SIGINT, SIGTERM).
+    static void watchTerminationSignals(QObject *context, std::function<void()> handler);
+    // The current keyboard layout: the X server's, followed as it changes by a monitor that
+    // becomes a child of `owner`, when a display is reachable; otherwise a fixed US layout, so that
+    // keys are still named. Nothing when neither can be built. Install the result into
+    // KeyboardLayoutTranslator::installSharedSource() at start-up.
+    static std::shared_ptr<KeyboardLayoutSource> createKeyboardLayoutSource(QObject *owner);
+    // The global input capture for KeyManager. `namingSource` is the layout that names keys (the
+    // one from createKeyboardLayoutSource()); the capture keeps it on the keymap and group that
+    // each event was typed in, so a layout switch names the very next key.
+    static std::unique_ptr<CaptureBackend>
+    createCaptureBackend(const std::shared_ptr<KeyboardLayoutSource> &namingSource);
 };

@@ -13,6 +13,7 @@
 #include <utility>
 
 class SettingsStore;
+struct KeyStylePreset;
 
 // The settings of Vantrel: their enumerations, the one table of keys and built-in defaults, and
 // the group resets of the settings window.
@@ -42,6 +43,9 @@ public:
     static QList<KeyPosition> presets();
     // The symbol shown beside a position in pickers.
     static QString symbolName(KeyPosition position);
+
+    // The values of a built-in style (settings/KeyStylePreset.h).
+    static KeyStylePreset getStylePreset(KeyStyle style);
 
     // ---- The settings table: key, type and built-in default of every setting. ----
     static inline const Setting<bool> isVantrelEnabled{"isVantrelEnabled", true};

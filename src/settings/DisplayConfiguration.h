@@ -2,8 +2,13 @@
 
 #include "settings/AppSettings.h"
 
+#include <QJsonValue>
 #include <QString>
 #include <QtGlobal>
+
+#include <optional>
+
+class JsonWriter;
 
 // The settings of one display, connected or not: whether keys show there and where.
 // The custom offsets are fractions of the display (0 = left/top edge, 1 = right/bottom edge)
@@ -15,6 +20,11 @@ struct DisplayConfiguration final {
     AppSettings::KeyPosition position = AppSettings::KeyPosition::bottomCenter;
     double customOffsetX = 0.5;
     double customOffsetY = 0.85;
+
+    // JSON: {"id", "name", "isEnabled", "position" (raw text), "customOffsetX", "customOffsetY"}.
+    void write(JsonWriter &writer) const;
+    // Every key is required; a position text that names no position fails the read.
+    static std::optional<DisplayConfiguration> fromJson(const QJsonValue &json);
 
     friend bool operator==(const DisplayConfiguration &, const DisplayConfiguration &) = default;
 };

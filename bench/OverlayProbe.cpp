@@ -1,0 +1,262 @@
+// Measures a running Vantrel from the outside, on the X server named by DISPLAY:
+//   latency  - time from an XTest key press to the overlay's first drawing (X Damage)
+//   idle     - CPU time and wake-ups while no key shows
+//   typing   - CPU time while typing 15 keys per second
+// Usage: overlay_probe <vantrel pid> <seconds for idle and typing>
+// Vantrel must run with "showAllKeys" on, so that every letter draws a cap.
+#include <xcb/damage.h>
+#include <xcb/xcb.h>
+#include <xcb/xtest.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <dirent.h>
+#include <fstream>
+#include <poll.h>
+#include <sstream>
+#include <string>
+#include <thread>
+#include <vector>
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+struct ProcessTimes {
+    double cpuSeconds = 0;
+    long long contextSwitches = 0;
+    long long rssKiB = 0;
+};
+
+ProcessTimes readProcess(int pid)
+{
+    ProcessTimes result;
+    std::ifstream stat("/proc/" + std::to_string(pid) + "/stat");
+    std::string content((std::istreambuf_iterator<char>(stat)), {});
+    const auto close = content.rfind(')');
+    if (close != std::string::npos) {
+        std::istringstream fields(content.substr(close + 2));
+        std::string field;
+        long long utime = 0, stime = 0;
+        for (int i = 3; fields >> field; ++i) {
+            if (i == 14)
+                utime = std::stoll(field);
+            if (i == 15) {
+                stime = std::stoll(field);
+                break;
+            }
+        }
+        result.cpuSeconds = double(utime + stime) / double(sysconf(_SC_CLK_TCK));
+    }
+    // Wake-ups: context switches summed over all threads.
+    const std::string taskDir = "/proc/" + std::to_string(pid) + "/task";
+    if (DIR *dir = opendir(taskDir.c_str())) {
+        while (dirent *entry = readdir(dir)) {
+            if (entry->d_name[0] == '.')
+                continue;
+            std::ifstream status(taskDir + "/" + entry->d_name + "/status");
+            std::string line;
+            while (std::getline(status, line))
+                if (line.rfind("voluntary_ctxt_switches:", 0) == 0 ||
+                    line.rfind("nonvoluntary_ctxt_switches:", 0) == 0)
+                    result.contextSwitches += std::stoll(line.substr(line.find(':') + 1));
+        }
+        closedir(dir);
+    }
+    std::ifstream status("/proc/" + std::to_string(pid) + "/status");
+    std::string line;
+    while (std::getline(status, line))
+        if (line.rfind("VmRSS:", 0) == 0)
+            result.rssKiB = std::stoll(line.substr(6));
+    return result;
+}
+
+std::vector<xcb_window_t> overlayWindows(xcb_connection_t *c, xcb_window_t root)
+{
+    std::vector<xcb_window_t> result;
+    xcb_query_tree_reply_t *tree = xcb_query_tree_reply(c, xcb_query_tree(c, root), nullptr);
+    if (!tree)
+        return result;
+    const xcb_window_t *children = xcb_query_tree_children(tree);
+    for (int i = 0; i < xcb_query_tree_children_length(tree); ++i) {
+        xcb_get_window_attributes_reply_t *attributes =
+            xcb_get_window_attributes_reply(c, xcb_get_window_attributes(c, children[i]), nullptr);
+        if (attributes && attributes->override_redirect &&
+            attributes->map_state == XCB_MAP_STATE_VIEWABLE) {
+            xcb_get_property_reply_t *wmClass = xcb_get_property_reply(
+                c, xcb_get_property(c, 0, children[i], XCB_ATOM_WM_CLASS, XCB_ATOM_STRING, 0, 64),
+                nullptr);
+            if (wmClass) {
+                const std::string text(static_cast<const char *>(xcb_get_property_value(wmClass)),
+                                       size_t(xcb_get_property_value_length(wmClass)));
+                if (text.find("antrel") != std::string::npos)
+                    result.push_back(children[i]);
+                std::free(wmClass);
+            }
+        }
+        std::free(attributes);
+    }
+    std::free(tree);
+    return result;
+}
+
+xcb_keycode_t keycodeOf(xcb_connection_t *c, xcb_keysym_t keysym)
+{
+    const xcb_setup_t *setup = xcb_get_setup(c);
+    xcb_get_keyboard_mapping_reply_t *mapping = xcb_get_keyboard_mapping_reply(
+        c,
+        xcb_get_keyboard_mapping(c, setup->min_keycode,
+                                 uint8_t(setup->max_keycode - setup->min_keycode + 1)),
+        nullptr);
+    xcb_keycode_t result = 0;
+    if (mapping) {
+        const xcb_keysym_t *syms = xcb_get_keyboard_mapping_keysyms(mapping);
+        const int perCode = mapping->keysyms_per_keycode;
+        for (int code = setup->min_keycode; code <= setup->max_keycode && !result; ++code)
+            for (int i = 0; i < perCode; ++i)
+                if (syms[(code - setup->min_keycode) * perCode + i] == keysym) {
+                    result = xcb_keycode_t(code);
+                    break;
+                }
+        std::free(mapping);
+    }
+    return result;
+}
+
+void tap(xcb_connection_t *c, xcb_keycode_t key)
+{
+    xcb_test_fake_input(c, XCB_KEY_PRESS, key, XCB_CURRENT_TIME, XCB_NONE, 0, 0, 0);
+    xcb_test_fake_input(c, XCB_KEY_RELEASE, key, XCB_CURRENT_TIME, XCB_NONE, 0, 0, 0);
+    xcb_flush(c);
+}
+
+// Drains events; true when a damage event arrived before the deadline.
+bool waitForDamage(xcb_connection_t *c, uint8_t damageEvent, Clock::time_point deadline)
+{
+    for (;;) {
+        while (xcb_generic_event_t *event = xcb_poll_for_event(c)) {
+            const bool damage = (event->response_type & 0x7f) == damageEvent;
+            std::free(event);
+            if (damage)
+                return true;
+        }
+        const auto left =
+            std::chrono::duration_cast<std::chrono::milliseconds>(deadline - Clock::now());
+        if (left.count() <= 0)
+            return false;
+        pollfd fd{xcb_get_file_descriptor(c), POLLIN, 0};
+        poll(&fd, 1, int(left.count()));
+    }
+}
+
+void drain(xcb_connection_t *c, int milliseconds)
+{
+    const auto end = Clock::now() + std::chrono::milliseconds(milliseconds);
+    while (Clock::now() < end)
+        waitForDamage(c, 0xff, end);
+}
+
+double percentile(std::vector<double> values, double p)
+{
+    std::sort(values.begin(), values.end());
+    return values[std::min(values.size() - 1, size_t(p * double(values.size() - 1) + 0.5))];
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    if (argc < 3) {
+        std::fprintf(stderr, "usage: %s <vantrel pid> <seconds>\n", argv[0]);
+        return 2;
+    }
+    const int pid = std::atoi(argv[1]);
+    const int seconds = std::atoi(argv[2]);
+    xcb_connection_t *c = xcb_connect(nullptr, nullptr);
+    if (xcb_connection_has_error(c)) {
+        std::fprintf(stderr, "cannot open the X display\n");
+        return 1;
+    }
+    const xcb_screen_t *screen = xcb_setup_roots_iterator(xcb_get_setup(c)).data;
+    const xcb_query_extension_reply_t *damageExtension = xcb_get_extension_data(c, &xcb_damage_id);
+    if (!damageExtension || !damageExtension->present) {
+        std::fprintf(stderr, "the X server has no Damage extension\n");
+        return 1;
+    }
+    std::free(xcb_damage_query_version_reply(c, xcb_damage_query_version(c, 1, 1), nullptr));
+    const uint8_t damageEvent = damageExtension->first_event + XCB_DAMAGE_NOTIFY;
+
+    const std::vector<xcb_window_t> windows = overlayWindows(c, screen->root);
+    if (windows.empty()) {
+        std::fprintf(stderr, "no overlay window found\n");
+        return 1;
+    }
+    for (xcb_window_t window : windows) {
+        const xcb_damage_damage_t damage = xcb_generate_id(c);
+        xcb_damage_create(c, damage, window, XCB_DAMAGE_REPORT_LEVEL_RAW_RECTANGLES);
+    }
+    xcb_flush(c);
+
+    const char letters[] = "abcdefghijlmnopqrstuvwxyz";
+    std::vector<xcb_keycode_t> keys;
+    for (const char *l = letters; *l; ++l)
+        keys.push_back(keycodeOf(c, xcb_keysym_t(*l)));
+
+    // Latency: one letter at a time, each after the previous drawing has settled.
+    std::vector<double> latencies;
+    for (int i = 0; i < 200; ++i) {
+        drain(c, 60);
+        const auto sent = Clock::now();
+        tap(c, keys[size_t(i) % keys.size()]);
+        if (waitForDamage(c, damageEvent, sent + std::chrono::milliseconds(500)))
+            latencies.push_back(
+                std::chrono::duration<double, std::milli>(Clock::now() - sent).count());
+    }
+    drain(c, 3000); // let every cap expire
+
+    const ProcessTimes idleStart = readProcess(pid);
+    std::this_thread::sleep_for(std::chrono::seconds(seconds));
+    const ProcessTimes idleEnd = readProcess(pid);
+
+    const ProcessTimes typingStart = readProcess(pid);
+    const xcb_keycode_t control = keycodeOf(c, 0xffe3);
+    const xcb_keycode_t f5 = keycodeOf(c, 0xffc2);
+    const xcb_keycode_t returnKey = keycodeOf(c, 0xff0d);
+    const auto typingEnd = Clock::now() + std::chrono::seconds(seconds);
+    for (int i = 0; Clock::now() < typingEnd; ++i) {
+        switch (i % 4) {
+        case 0: // a chord
+            xcb_test_fake_input(c, XCB_KEY_PRESS, control, XCB_CURRENT_TIME, XCB_NONE, 0, 0, 0);
+            tap(c, keys[size_t(i) % keys.size()]);
+            xcb_test_fake_input(c, XCB_KEY_RELEASE, control, XCB_CURRENT_TIME, XCB_NONE, 0, 0, 0);
+            xcb_flush(c);
+            break;
+        case 1:
+            tap(c, keys[size_t(i) % keys.size()]);
+            break;
+        case 2:
+            tap(c, f5);
+            break;
+        default:
+            tap(c, returnKey);
+        }
+        drain(c, 1000 / 15);
+    }
+    const ProcessTimes typingStop = readProcess(pid);
+
+    std::printf(
+        "| latency, key press to first drawing | p50 %.2f ms, p99 %.2f ms (%zu of 200 presses) |\n",
+        latencies.empty() ? -1.0 : percentile(latencies, 0.5),
+        latencies.empty() ? -1.0 : percentile(latencies, 0.99), latencies.size());
+    std::printf("| idle for %d s | %.3f s CPU, %lld wake-ups |\n", seconds,
+                idleEnd.cpuSeconds - idleStart.cpuSeconds,
+                idleEnd.contextSwitches - idleStart.contextSwitches);
+    std::printf("| typing 15 keys/s for %d s | %.3f s CPU |\n", seconds,
+                typingStop.cpuSeconds - typingStart.cpuSeconds);
+    std::printf("| resident memory after typing | %.1f MB |\n", double(typingStop.rssKiB) / 1024.0);
+    xcb_disconnect(c);
+    return 0;
+}

@@ -1,0 +1,236 @@
+#include "overlay/KeyCapsuleView.h"
+
+#include "overlay/ContinuousRoundedRect.h"
+#include "overlay/KeyEffectCache.h"
+
+#include <QFontMetricsF>
+#include <QPaintDevice>
+#include <QPainter>
+#include <QPainterPath>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+constexpr double fontSize = 16.0;
+constexpr double horizontalPadding = 8.0;
+constexpr double verticalPadding = 4.0;
+constexpr double minimumSide = 32.0;
+
+QPen borderPen(const QColor &color, double width)
+{
+    QPen pen(color, width, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin);
+    pen.setMiterLimit(10.0);
+    return pen;
+}
+
+void appendNumber(QByteArray &key, double value)
+{
+    key.append(reinterpret_cast<const char *>(&value), sizeof value);
+}
+
+void appendColor(QByteArray &key, const QColor &color)
+{
+    const quint64 value = color.rgba64();
+    key.append(reinterpret_cast<const char *>(&value), sizeof value);
+}
+
+// Everything of a look that changes the drawing, except the text (the content's key has it).
+void appendLook(QByteArray &key, const KeyAppearanceSnapshot &s)
+{
+    for (const double value : {s.sizeMultiplier, s.borderWidth, s.cornerRadius, s.shadowRadius,
+                               s.shadowYOffset, s.glowRadius, s.glowLineWidth, s.glowOpacity,
+                               s.shadowEnabled ? 1.0 : 0.0, s.glowEnabled ? 1.0 : 0.0})
+        appendNumber(key, value);
+    for (const QColor &color :
+         {s.textColor, s.backgroundColor, s.borderColor, s.shadowColor, s.glowColor})
+        appendColor(key, color);
+    key.append(s.fontName.toUtf8());
+    key.append('\0');
+}
+
+bool hasBorder(const KeyAppearanceSnapshot &style)
+{
+    return style.borderWidth * style.sizeMultiplier > 0.0 && style.borderColor.alpha() > 0;
+}
+} // namespace
+
+KeyCapsuleView::KeyCapsuleView(const KeyAppearanceSnapshot &style, const QSizeF &contentSize,
+                               ContentPainter content)
+    : m_style(style), m_contentSize(contentSize), m_content(std::move(content))
+{}
+
+KeyCapsuleView::KeyCapsuleView(const KeyAppearanceSnapshot &style)
+    : KeyCapsuleView(style, textSizeFor(style), [style](QPainter &painter, const QRectF &rect) {
+          paintText(painter, rect, style);
+      })
+{}
+
+QFont KeyCapsuleView::fontFor(const KeyAppearanceSnapshot &style)
+{
+    // An unknown or empty family falls back to the default face through font matching.
+    QFont font;
+    if (!style.fontName.isEmpty())
+        font.setFamilies({style.fontName});
+    // Pixel sizes keep the label independent of the device's logical dots per inch.
+    font.setPixelSize(std::max(1, static_cast<int>(std::lround(fontSize * style.sizeMultiplier))));
+    font.setWeight(QFont::Medium);
+    return font;
+}
+
+QSizeF KeyCapsuleView::textSizeFor(const KeyAppearanceSnapshot &style)
+{
+    const QFontMetricsF metrics(fontFor(style));
+    return {metrics.horizontalAdvance(style.text), metrics.height()};
+}
+
+QSizeF KeyCapsuleView::frameSizeFor(const KeyAppearanceSnapshot &style, const QSizeF &contentSize)
+{
+    const double m = std::max(0.0, style.sizeMultiplier);
+    return {std::max(minimumSide * m, contentSize.width() + 2.0 * horizontalPadding * m),
+            std::max(minimumSide * m, contentSize.height() + 2.0 * verticalPadding * m)};
+}
+
+QSizeF KeyCapsuleView::sizeFor(const KeyAppearanceSnapshot &style)
+{
+    return frameSizeFor(style, textSizeFor(style));
+}
+
+QMarginsF KeyCapsuleView::visualMarginsFor(const KeyAppearanceSnapshot &style)
+{
+    const double m = std::max(0.0, style.sizeMultiplier);
+    const double halfBorder = hasBorder(style) ? m * style.borderWidth / 2.0 : 0.0;
+    double left = halfBorder, top = halfBorder, right = halfBorder, bottom = halfBorder;
+    if (style.shadowEnabled && style.shadowColor.alpha() > 0) {
+        const double spread = halfBorder + KeyEffectCache::spreadForRadius(m * style.shadowRadius);
+        const double dy = m * style.shadowYOffset;
+        left = std::max(left, spread);
+        right = std::max(right, spread);
+        top = std::max(top, spread - dy);
+        bottom = std::max(bottom, spread + dy);
+    }
+    if (style.glowEnabled && style.glowOpacity > 0.0 && style.glowColor.alpha() > 0) {
+        const double glow =
+            m * style.glowLineWidth / 2.0 + KeyEffectCache::spreadForRadius(m * style.glowRadius);
+        left = std::max(left, glow);
+        right = std::max(right, glow);
+        top = std::max(top, glow);
+        bottom = std::max(bottom, glow);
+    }
+    constexpr double antialiasing = 1.0;
+    return {left + antialiasing, top + antialiasing, right + antialiasing, bottom + antialiasing};
+}
+
+void KeyCapsuleView::paintText(QPainter &painter, const QRectF &contentRect,
+                               const KeyAppearanceSnapshot &style)
+{
+    painter.setFont(fontFor(style));
+    painter.setPen(style.textColor);
+    painter.drawText(contentRect, Qt::AlignCenter | Qt::TextDontClip, style.text);
+}
+
+void KeyCapsuleView::paint(QPainter &painter, const QPointF &topLeft) const
+{
+    paint(painter, QRectF(topLeft, size()));
+}
+
+void KeyCapsuleView::paint(QPainter &painter, const QRectF &frame, KeyEffectCache *cache) const
+{
+    KeyEffectCache &effects = cache ? *cache : KeyEffectCache::shared();
+    if (m_cacheKey.isEmpty() || frame.isEmpty()) {
+        paintLayers(painter, frame, effects);
+        return;
+    }
+    const qreal dpr = painter.device() ? painter.device()->devicePixelRatio() : 1.0;
+    QByteArray key = "c" + QByteArray::number(m_cacheKey.size()) + ':' + m_cacheKey;
+    appendLook(key, m_style);
+    for (const double value : {frame.width(), frame.height(), dpr})
+        appendNumber(key, value);
+
+    const KeyEffectCache::Effect *cap = effects.find(key);
+    if (!cap) {
+        // The frame starts on a whole device pixel of the image, so a copy placed on whole
+        // pixels looks exactly like a cap drawn directly there.
+        const QMarginsF margins = visualMargins();
+        const double left = std::ceil(margins.left() * dpr) / dpr;
+        const double top = std::ceil(margins.top() * dpr) / dpr;
+        const QSize pixels(
+            static_cast<int>(std::ceil((left + frame.width() + margins.right()) * dpr)),
+            static_cast<int>(std::ceil((top + frame.height() + margins.bottom()) * dpr)));
+        QImage image(pixels, QImage::Format_ARGB32_Premultiplied);
+        image.fill(Qt::transparent);
+        image.setDevicePixelRatio(dpr);
+        {
+            QPainter imagePainter(&image);
+            paintLayers(imagePainter, QRectF(QPointF(left, top), frame.size()), effects);
+        }
+        cap = effects.insert(key, std::move(image), QPointF(-left, -top));
+    }
+
+    QPointF position = frame.topLeft() + cap->offset;
+    const QTransform &transform = painter.worldTransform();
+    if (transform.type() <= QTransform::TxTranslate) {
+        // On whole device pixels the copy is a plain blend, without resampling.
+        const QPointF device = transform.map(position) * dpr;
+        const QPointF snapped(std::round(device.x()) / dpr, std::round(device.y()) / dpr);
+        position += snapped - device / dpr;
+    }
+    painter.save();
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.drawImage(position, cap->image);
+    painter.restore();
+}
+
+void KeyCapsuleView::paintLayers(QPainter &painter, const QRectF &frame,
+                                 KeyEffectCache &effects) const
+{
+    const KeyAppearanceSnapshot &s = m_style;
+    const double m = std::max(0.0, s.sizeMultiplier);
+    const double radius = m * s.cornerRadius;
+    const double border = hasBorder(s) ? m * s.borderWidth : 0.0;
+    const qreal dpr = painter.device() ? painter.device()->devicePixelRatio() : 1.0;
+    const QPainterPath shape = ContinuousRoundedRect::path(frame, radius);
+
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+
+    // Drop shadow of the cap and its border.
+    if (s.shadowEnabled && s.shadowColor.alpha() > 0) {
+        if (const auto *shadow = effects.shadow(s, frame.size(), dpr)) {
+            painter.drawImage(frame.topLeft() + shadow->offset, shadow->image);
+        } else if (m * s.shadowRadius <= 0.0) {
+            const QRectF silhouette =
+                frame.adjusted(-border / 2, -border / 2, border / 2, border / 2);
+            painter.fillPath(
+                ContinuousRoundedRect::path(silhouette.translated(0, m * s.shadowYOffset),
+                                            radius + border / 2),
+                s.shadowColor);
+        }
+    }
+
+    painter.fillPath(shape, s.backgroundColor);
+    if (border > 0.0)
+        painter.strokePath(shape, borderPen(s.borderColor, border));
+
+    if (m_content) {
+        const QRectF contentRect(frame.center().x() - m_contentSize.width() / 2.0,
+                                 frame.center().y() - m_contentSize.height() / 2.0,
+                                 m_contentSize.width(), m_contentSize.height());
+        painter.save();
+        m_content(painter, contentRect);
+        painter.restore();
+    }
+
+    // The glow ring, on top of everything.
+    const double glowWidth = m * s.glowLineWidth;
+    if (s.glowEnabled && glowWidth > 0.0 && s.glowOpacity > 0.0 && s.glowColor.alpha() > 0) {
+        if (const auto *glow = effects.glow(s, frame.size(), dpr)) {
+            painter.drawImage(frame.topLeft() + glow->offset, glow->image);
+        } else {
+            painter.setOpacity(painter.opacity() * std::clamp(s.glowOpacity, 0.0, 1.0));
+            painter.strokePath(shape, borderPen(s.glowColor, glowWidth));
+        }
+    }
+    painter.restore();
+}

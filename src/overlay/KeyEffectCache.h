@@ -1,0 +1,65 @@
+#pragma once
+
+#include "overlay/KeyAppearanceSnapshot.h"
+
+#include <QByteArray>
+#include <QCache>
+#include <QImage>
+#include <QPointF>
+#include <QSizeF>
+
+// Rendered parts of key caps, reused on every frame after the first: blurred drop shadows and
+// glow rings (per look, cap size, scale and device pixel ratio) and whole caps at rest (the same,
+// plus their content). Images live in memory only.
+//
+// Bounded as a least-recently-used cache by bytes: at most `byteBudget` bytes of images (by
+// default 24 MiB, enough for a few hundred caps at size 3 on a 2× display); the least recently
+// used image goes first. An image larger than the whole budget is rendered for the one frame and
+// not kept. For use on the GUI thread only.
+class KeyEffectCache final {
+public:
+    // A rendered effect: draw `image` (which carries its device pixel ratio) with its top-left
+    // corner at the cap frame's top-left corner plus `offset`.
+    struct Effect {
+        QImage image;
+        QPointF offset;
+    };
+
+    static constexpr qsizetype defaultByteBudget = 24 * 1024 * 1024;
+
+    explicit KeyEffectCache(qsizetype byteBudget = defaultByteBudget);
+
+    // The program's cache of the GUI thread.
+    static KeyEffectCache &shared();
+
+    // The cap's drop shadow (including its offset), or nothing when it would be invisible or
+    // needs no blur (then the caller draws it directly). Where the cap's fill is opaque the
+    // shadow is cut away, since it could never show there.
+    const Effect *shadow(const KeyAppearanceSnapshot &style, const QSizeF &frameSize, qreal dpr);
+    // The cap's blurred glow ring at its opacity, or nothing when glow is off or unblurred.
+    const Effect *glow(const KeyAppearanceSnapshot &style, const QSizeF &frameSize, qreal dpr);
+
+    // Standard deviation of the Gaussian for a blur radius: the radius spans two deviations.
+    static double sigmaForRadius(double radius) { return radius / 2.0; }
+    // How far a blur of that radius spreads beyond the blurred shape.
+    static double spreadForRadius(double radius) { return 3.0 * sigmaForRadius(radius); }
+
+    // Any image under `key`, or nothing; `insert` keeps one (when it fits the budget) and returns
+    // it. A returned effect stays valid until the next insertion or `clear()`.
+    const Effect *find(const QByteArray &key) { return m_cache.object(key); }
+    const Effect *insert(const QByteArray &key, QImage image, const QPointF &offset);
+
+    void clear();
+    qsizetype bytes() const { return m_cache.totalCost(); }
+    qsizetype count() const { return m_cache.count(); }
+    qsizetype byteBudget() const { return m_cache.maxCost(); }
+
+    // Blurs an 8-bit alpha image in place with three box passes per axis (close to a Gaussian
+    // of deviation `sigma`, in pixels). Pixels outside the image count as transparent.
+    static void blurAlpha(QImage &alpha, double sigma);
+
+private:
+    QCache<QByteArray, Effect> m_cache;
+    // Holds an effect that did not fit the budget, for the caller's current frame.
+    Effect m_oversized;
+};

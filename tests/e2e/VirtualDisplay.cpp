@@ -1,0 +1,157 @@
+#include "VirtualDisplay.h"
+
+#include <QElapsedTimer>
+#include <QThread>
+
+#include <xcb/xcb.h>
+
+#include <cstdlib>
+#include <fcntl.h>
+#include <unistd.h>
+
+VirtualDisplay::VirtualDisplay() = default;
+
+VirtualDisplay::~VirtualDisplay()
+{
+    stop();
+}
+
+bool VirtualDisplay::start(QString *error)
+{
+    int fds[2];
+    if (::pipe(fds) != 0) {
+        *error = QStringLiteral("pipe failed");
+        return false;
+    }
+    m_server = std::make_unique<QProcess>();
+    m_server->setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    const int writeFd = fds[1];
+    m_server->setChildProcessModifier([writeFd] { ::fcntl(writeFd, F_SETFD, 0); });
+    m_server->start(QStringLiteral("Xvfb"),
+                    {QStringLiteral("-displayfd"), QString::number(writeFd), QStringLiteral("-screen"),
+                     QStringLiteral("0"), QStringLiteral("3840x1080x24"), QStringLiteral("+extension"),
+                     QStringLiteral("RANDR"), QStringLiteral("-noreset"), QStringLiteral("-nolisten"),
+                     QStringLiteral("tcp")});
+    ::close(fds[1]);
+    if (!m_server->waitForStarted(5000)) {
+        ::close(fds[0]);
+        *error = QStringLiteral("Xvfb did not start: ") + m_server->errorString();
+        return false;
+    }
+    QByteArray number;
+    char c;
+    while (::read(fds[0], &c, 1) == 1 && c != '\n')
+        number.append(c);
+    ::close(fds[0]);
+    if (number.isEmpty()) {
+        *error = QStringLiteral("Xvfb did not report its display number");
+        return false;
+    }
+    m_displayName = QStringLiteral(":") + QString::fromLatin1(number);
+
+    if (!run(QStringLiteral("xrandr"), {QStringLiteral("--setmonitor"), QStringLiteral("*LEFT"),
+                                        QStringLiteral("1920/508x1080/286+0+0"),
+                                        QStringLiteral("screen")}) ||
+        !addRightMonitor()) {
+        *error = QStringLiteral("xrandr could not define the monitors");
+        return false;
+    }
+    run(QStringLiteral("setxkbmap"), {QStringLiteral("us")});
+    return true;
+}
+
+void VirtualDisplay::stop()
+{
+    stopCompositor();
+    if (m_server) {
+        m_server->terminate();
+        if (!m_server->waitForFinished(3000))
+            m_server->kill();
+        m_server->waitForFinished(1000);
+        m_server.reset();
+    }
+}
+
+bool VirtualDisplay::isRunning() const
+{
+    return m_server && m_server->state() == QProcess::Running;
+}
+
+QProcessEnvironment VirtualDisplay::environment() const
+{
+    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+    env.insert(QStringLiteral("DISPLAY"), m_displayName);
+    env.remove(QStringLiteral("WAYLAND_DISPLAY"));
+    env.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
+    return env;
+}
+
+bool VirtualDisplay::addRightMonitor()
+{
+    return run(QStringLiteral("xrandr"),
+               {QStringLiteral("--setmonitor"), QStringLiteral("RIGHT"),
+                QStringLiteral("1920/508x1080/286+1920+0"), QStringLiteral("none")});
+}
+
+bool VirtualDisplay::removeRightMonitor()
+{
+    return run(QStringLiteral("xrandr"), {QStringLiteral("--delmonitor"), QStringLiteral("RIGHT")});
+}
+
+bool VirtualDisplay::startCompositor()
+{
+    m_compositor = std::make_unique<QProcess>();
+    m_compositor->setProcessEnvironment(environment());
+    m_compositor->start(QStringLiteral("xcompmgr"), {});
+    if (!m_compositor->waitForStarted(5000))
+        return false;
+    QThread::msleep(300); // let it take the compositing selection
+    return m_compositor->state() == QProcess::Running;
+}
+
+void VirtualDisplay::stopCompositor()
+{
+    if (!m_compositor)
+        return;
+    m_compositor->terminate();
+    if (!m_compositor->waitForFinished(3000))
+        m_compositor->kill();
+    m_compositor.reset();
+}
+
+bool VirtualDisplay::run(const QString &program, const QStringList &arguments, int timeoutMs) const
+{
+    QProcess process;
+    process.setProcessEnvironment(environment());
+    process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    process.start(program, arguments);
+    if (!process.waitForFinished(timeoutMs)) {
+        process.kill();
+        process.waitForFinished(1000);
+        return false;
+    }
+    return process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0;
+}
+
+QImage VirtualDisplay::grab() const
+{
+    xcb_connection_t *connection = xcb_connect(m_displayName.toLatin1().constData(), nullptr);
+    QImage image;
+    if (!xcb_connection_has_error(connection)) {
+        const xcb_screen_t *screen = xcb_setup_roots_iterator(xcb_get_setup(connection)).data;
+        xcb_get_image_reply_t *reply = xcb_get_image_reply(
+            connection,
+            xcb_get_image(connection, XCB_IMAGE_FORMAT_Z_PIXMAP, screen->root, 0, 0,
+                          screen->width_in_pixels, screen->height_in_pixels, ~0u),
+            nullptr);
+        if (reply) {
+            // A 24-bit depth root is stored as 32 bits per pixel, BGRX in memory.
+            const QImage view(xcb_get_image_data(reply), screen->width_in_pixels,
+                              screen->height_in_pixels, QImage::Format_RGB32);
+            image = view.copy();
+            std::free(reply);
+        }
+    }
+    xcb_disconnect(connection);
+    return image;
+}

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <QImage>
+#include <QProcess>
+#include <QRect>
+#include <QString>
+#include <QStringList>
+
+#include <memory>
+
+// A private X server for whole-program tests: Xvfb with two RandR monitors side by side
+// (LEFT, the primary, and RIGHT, 1920x1080 each), optionally a compositing manager, and helpers
+// to press keys, click and read the screen back.
+class VirtualDisplay final {
+public:
+    VirtualDisplay();
+    ~VirtualDisplay();
+
+    // Starts the server and defines the two monitors; false with a reason on failure.
+    bool start(QString *error);
+    void stop();
+    bool isRunning() const;
+
+    QString displayName() const { return m_displayName; }
+    // An environment for child processes that talk to this server.
+    QProcessEnvironment environment() const;
+
+    static QRect leftMonitor() { return {0, 0, 1920, 1080}; }
+    static QRect rightMonitor() { return {1920, 0, 1920, 1080}; }
+
+    bool addRightMonitor();
+    bool removeRightMonitor();
+    bool startCompositor();
+    void stopCompositor();
+
+    // Runs a command against this server and waits for it; true when it exited with 0.
+    bool run(const QString &program, const QStringList &arguments, int timeoutMs = 10000) const;
+    bool xdotool(const QStringList &arguments) const { return run(QStringLiteral("xdotool"), arguments); }
+
+    // The whole screen as the X server holds it.
+    QImage grab() const;
+
+private:
+    QString m_displayName;
+    std::unique_ptr<QProcess> m_server;
+    std::unique_ptr<QProcess> m_compositor;
+};

@@ -1,0 +1,342 @@
+// Whole-program tests: the real vantrel binary on a private two-monitor X server, keys pressed
+// with xdotool, and what a user would see read back from the screen.
+#include "VirtualDisplay.h"
+
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QSettings>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <xcb/xcb.h>
+
+#include <cstdlib>
+#include <memory>
+
+namespace {
+
+const QRgb desktopColor = qRgb(0x20, 0x40, 0x60);
+
+bool differs(QRgb a, QRgb b)
+{
+    return qAbs(qRed(a) - qRed(b)) + qAbs(qGreen(a) - qGreen(b)) + qAbs(qBlue(a) - qBlue(b)) > 60;
+}
+
+// The caps visible in `area`: bounding boxes of the column runs that differ from the desktop.
+QList<QRect> findCaps(const QImage &screen, const QRect &area)
+{
+    QList<QRect> caps;
+    int runStart = -1, top = 0, bottom = 0;
+    for (int x = area.left(); x <= area.right() + 1; ++x) {
+        int columnTop = -1, columnBottom = -1;
+        if (x <= area.right()) {
+            for (int y = area.top(); y <= area.bottom(); ++y) {
+                if (differs(screen.pixel(x, y), desktopColor)) {
+                    if (columnTop < 0)
+                        columnTop = y;
+                    columnBottom = y;
+                }
+            }
+        }
+        if (columnTop >= 0) {
+            if (runStart < 0) {
+                runStart = x;
+                top = columnTop;
+                bottom = columnBottom;
+            }
+            top = qMin(top, columnTop);
+            bottom = qMax(bottom, columnBottom);
+        } else if (runStart >= 0) {
+            caps.append(QRect(QPoint(runStart, top), QPoint(x - 1, bottom)));
+            runStart = -1;
+        }
+    }
+    return caps;
+}
+
+int changedPixels(const QImage &screen, const QRect &area)
+{
+    int count = 0;
+    for (int y = area.top(); y <= area.bottom(); ++y)
+        for (int x = area.left(); x <= area.right(); ++x)
+            count += differs(screen.pixel(x, y), desktopColor) ? 1 : 0;
+    return count;
+}
+
+} // namespace
+
+class tst_e2e_Overlay final : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<VirtualDisplay> m_display;
+    std::unique_ptr<QTemporaryDir> m_config;
+    std::unique_ptr<QProcess> m_vantrel;
+
+    QString settingsPath() const { return m_config->filePath(QStringLiteral("Vantrel/Vantrel.conf")); }
+
+    void writeSettings(const QVariantMap &values)
+    {
+        QSettings settings(settingsPath(), QSettings::IniFormat);
+        for (auto it = values.cbegin(); it != values.cend(); ++it)
+            settings.setValue(it.key(), it.value());
+    }
+
+    bool startVantrel()
+    {
+        m_vantrel = std::make_unique<QProcess>();
+        QProcessEnvironment env = m_display->environment();
+        env.insert(QStringLiteral("XDG_CONFIG_HOME"), m_config->path());
+        m_vantrel->setProcessEnvironment(env);
+        m_vantrel->setProcessChannelMode(QProcess::SeparateChannels);
+        m_vantrel->start(QStringLiteral(VANTREL_BINARY), {});
+        if (!m_vantrel->waitForStarted(5000))
+            return false;
+        // It says when it listens; then give the windows a moment to map.
+        QElapsedTimer timer;
+        timer.start();
+        while (timer.elapsed() < 10000) {
+            m_vantrel->waitForReadyRead(100);
+            if (m_vantrel->readAllStandardOutput().contains("showing pressed keys")) {
+                QTest::qWait(300);
+                return true;
+            }
+            if (m_vantrel->state() != QProcess::Running)
+                return false;
+        }
+        return false;
+    }
+
+    // Quits vantrel as a user would (SIGTERM) and checks it exits cleanly.
+    void stopVantrel()
+    {
+        if (!m_vantrel)
+            return;
+        if (m_vantrel->state() == QProcess::Running) {
+            m_vantrel->terminate();
+            QVERIFY2(m_vantrel->waitForFinished(5000), "vantrel did not quit on SIGTERM");
+            QCOMPARE(m_vantrel->exitStatus(), QProcess::NormalExit);
+            QCOMPARE(m_vantrel->exitCode(), 0);
+        }
+        const QByteArray output = m_vantrel->readAllStandardOutput() + m_vantrel->readAllStandardError();
+        m_vantrel.reset();
+        // Key labels never reach the terminal.
+        QVERIFY2(!output.contains("⌃") && !output.contains("K\n"), output.constData());
+    }
+
+    QRect bottomBand(const QRect &monitor) const
+    {
+        return {monitor.left(), monitor.bottom() - 140, monitor.width(), 140};
+    }
+
+    QImage pressAndGrab(const QStringList &keys, int waitMs = 500)
+    {
+        for (const QString &key : keys)
+            m_display->xdotool({QStringLiteral("key"), key});
+        QTest::qWait(waitMs);
+        return m_display->grab();
+    }
+
+    // Runs vantrel once so that it records the connected displays, then enables all of them.
+    void enableAllDisplays()
+    {
+        QVERIFY(startVantrel());
+        stopVantrel();
+        QSettings settings(settingsPath(), QSettings::IniFormat);
+        QJsonArray displays = QJsonDocument::fromJson(
+                                  settings.value(QStringLiteral("displayConfigurations")).toByteArray())
+                                  .array();
+        QCOMPARE(displays.size(), 2);
+        for (auto entry : displays) {
+            QJsonObject display = entry.toObject();
+            display[QStringLiteral("isEnabled")] = true;
+            entry = display;
+        }
+        settings.setValue(QStringLiteral("displayConfigurations"),
+                          QJsonDocument(displays).toJson(QJsonDocument::Compact));
+    }
+
+private slots:
+    void init()
+    {
+        m_display = std::make_unique<VirtualDisplay>();
+        QString error;
+        QVERIFY2(m_display->start(&error), qPrintable(error));
+        m_display->run(QStringLiteral("xsetroot"), {QStringLiteral("-solid"), QStringLiteral("#204060")});
+        m_config = std::make_unique<QTemporaryDir>();
+    }
+
+    void cleanup()
+    {
+        stopVantrel();
+        m_display.reset();
+        m_config.reset();
+    }
+
+    void shortcutShowsTwoCapsBottomCentreOfPrimaryOnly()
+    {
+        QVERIFY(startVantrel());
+        const QImage screen = pressAndGrab({QStringLiteral("ctrl+k")});
+        const QList<QRect> caps = findCaps(screen, bottomBand(VirtualDisplay::leftMonitor()));
+        QCOMPARE(caps.size(), 2);
+        // 64-point caps, the row centred, its bottom 20 points above the screen edge.
+        const int rowCentre = (caps.first().left() + caps.last().right()) / 2;
+        QVERIFY2(qAbs(rowCentre - 960) <= 3, qPrintable(QString::number(rowCentre)));
+        for (const QRect &cap : caps) {
+            QVERIFY2(qAbs(cap.height() - 64) <= 4, qPrintable(QString::number(cap.height())));
+            QVERIFY(qAbs(cap.bottom() - (1080 - 20)) <= 4);
+        }
+        QCOMPARE(changedPixels(screen, VirtualDisplay::rightMonitor()), 0);
+    }
+
+    void plainTypingShowsOnlyWithShowAllKeys_data()
+    {
+        QTest::addColumn<bool>("showAllKeys");
+        QTest::addColumn<int>("expectedCaps");
+        QTest::newRow("defaults") << false << 0;
+        QTest::newRow("showAllKeys") << true << 1;
+    }
+    void plainTypingShowsOnlyWithShowAllKeys()
+    {
+        QFETCH(bool, showAllKeys);
+        QFETCH(int, expectedCaps);
+        writeSettings({{QStringLiteral("showAllKeys"), showAllKeys}});
+        QVERIFY(startVantrel());
+        const QImage screen = pressAndGrab({QStringLiteral("k")});
+        QCOMPARE(findCaps(screen, bottomBand(VirtualDisplay::leftMonitor())).size(), expectedCaps);
+    }
+
+    void capsLeaveAfterTheirDuration()
+    {
+        writeSettings({{QStringLiteral("keyDisplayDuration"), 0.6}});
+        QVERIFY(startVantrel());
+        QImage screen = pressAndGrab({QStringLiteral("ctrl+k")}, 300);
+        QCOMPARE(findCaps(screen, bottomBand(VirtualDisplay::leftMonitor())).size(), 2);
+        // Gone after the duration, the sweep and the removal animation.
+        QTest::qWait(600 + 100 + 400);
+        screen = m_display->grab();
+        QCOMPARE(changedPixels(screen, QRect(0, 0, 3840, 1080)), 0);
+    }
+
+    void enabledSecondDisplayShowsCapsOnBoth()
+    {
+        enableAllDisplays();
+        QVERIFY(startVantrel());
+        const QImage screen = pressAndGrab({QStringLiteral("ctrl+k")});
+        QCOMPARE(findCaps(screen, bottomBand(VirtualDisplay::leftMonitor())).size(), 2);
+        QCOMPARE(findCaps(screen, bottomBand(VirtualDisplay::rightMonitor())).size(), 2);
+    }
+
+    void topRightPlacesTheRowInThatCorner()
+    {
+        // The former global position seeds the displays' positions on first start.
+        writeSettings({{QStringLiteral("keyPosition"), QStringLiteral("Top Right")}});
+        QVERIFY(startVantrel());
+        const QImage screen = pressAndGrab({QStringLiteral("ctrl+k")});
+        QCOMPARE(findCaps(screen, bottomBand(VirtualDisplay::leftMonitor())).size(), 0);
+        const QList<QRect> caps = findCaps(screen, QRect(960, 0, 960, 140));
+        QCOMPARE(caps.size(), 2);
+        QVERIFY2(qAbs(caps.last().right() - (1920 - 1 - 40)) <= 4,
+                 qPrintable(QString::number(caps.last().right())));
+        QVERIFY2(qAbs(caps.first().top() - 20) <= 4, qPrintable(QString::number(caps.first().top())));
+    }
+
+    void clicksReachTheWindowBelow()
+    {
+        writeSettings({{QStringLiteral("showMouseClicks"), true}});
+        QVERIFY(startVantrel());
+
+        // A plain X window under where the caps appear, listening for button presses.
+        xcb_connection_t *c = xcb_connect(m_display->displayName().toLatin1().constData(), nullptr);
+        QVERIFY(!xcb_connection_has_error(c));
+        const xcb_screen_t *screen = xcb_setup_roots_iterator(xcb_get_setup(c)).data;
+        const xcb_window_t window = xcb_generate_id(c);
+        const uint32_t values[] = {XCB_EVENT_MASK_BUTTON_PRESS};
+        xcb_create_window(c, XCB_COPY_FROM_PARENT, window, screen->root, 760, 880, 400, 200, 0,
+                          XCB_WINDOW_CLASS_INPUT_OUTPUT, screen->root_visual, XCB_CW_EVENT_MASK,
+                          values);
+        xcb_map_window(c, window);
+        xcb_flush(c);
+        QTest::qWait(300);
+        // The overlays stay above it.
+        m_display->xdotool({QStringLiteral("key"), QStringLiteral("ctrl+k")});
+        QTest::qWait(100);
+        m_display->xdotool({QStringLiteral("mousemove"), QStringLiteral("960"),
+                            QStringLiteral("1020"), QStringLiteral("click"), QStringLiteral("1")});
+        QTest::qWait(300);
+        int presses = 0;
+        while (xcb_generic_event_t *event = xcb_poll_for_event(c)) {
+            if ((event->response_type & 0x7f) == XCB_BUTTON_PRESS)
+                ++presses;
+            std::free(event);
+        }
+        xcb_disconnect(c);
+        QCOMPARE(presses, 1);
+    }
+
+    void withoutCompositorTheDesktopStaysVisibleAroundCaps()
+    {
+        QVERIFY(startVantrel());
+        const QImage screen = pressAndGrab({QStringLiteral("ctrl+k")});
+        const QList<QRect> caps = findCaps(screen, bottomBand(VirtualDisplay::leftMonitor()));
+        QCOMPARE(caps.size(), 2);
+        // Everything outside a small margin around the caps is the desktop, not black.
+        QRect row = caps.first().united(caps.last()).adjusted(-8, -8, 8, 8);
+        int outside = 0;
+        for (int y = 0; y < 1080; y += 4)
+            for (int x = 0; x < 1920; x += 4)
+                if (!row.contains(x, y) && differs(screen.pixel(x, y), desktopColor))
+                    ++outside;
+        QCOMPARE(outside, 0);
+        // The gap between the two caps shows the desktop too.
+        const int gapX = (caps.first().right() + caps.last().left()) / 2;
+        QCOMPARE(screen.pixel(gapX, caps.first().center().y()), desktopColor);
+    }
+
+    void withCompositorCapOpacityFollowsSetting_data()
+    {
+        QTest::addColumn<double>("opacity");
+        QTest::newRow("0.5") << 0.5;
+        QTest::newRow("1.0") << 1.0;
+    }
+    void withCompositorCapOpacityFollowsSetting()
+    {
+        QFETCH(double, opacity);
+        QVERIFY(m_display->startCompositor());
+        writeSettings({{QStringLiteral("keyOpacity"), opacity}});
+        QVERIFY(startVantrel());
+        const QImage screen = pressAndGrab({QStringLiteral("ctrl+k")}, 800);
+        // A point inside the first cap, above its label: the white fill over the background.
+        const QList<QRect> caps = findCaps(screen, bottomBand(VirtualDisplay::leftMonitor()));
+        QVERIFY(!caps.isEmpty());
+        const QRect cap = caps.first();
+        const QRgb inside = screen.pixel(cap.center().x(), cap.top() + 8);
+        const QRgb background = screen.pixel(cap.left() - 30, cap.top() - 30);
+        const int expected = qRound(opacity * 255 + (1 - opacity) * qRed(background));
+        QVERIFY2(qAbs(qRed(inside) - expected) <= 12,
+                 qPrintable(QStringLiteral("red %1, expected %2").arg(qRed(inside)).arg(expected)));
+    }
+
+    void monitorRemovedAndAddedAtRunTime()
+    {
+        enableAllDisplays();
+        QVERIFY(startVantrel());
+        QVERIFY(m_display->removeRightMonitor());
+        QTest::qWait(500);
+        QImage screen = pressAndGrab({QStringLiteral("ctrl+k")});
+        QCOMPARE(findCaps(screen, bottomBand(VirtualDisplay::leftMonitor())).size(), 2);
+        QVERIFY(m_vantrel->state() == QProcess::Running);
+        QTest::qWait(2500); // let the caps expire
+
+        QVERIFY(m_display->addRightMonitor());
+        QTest::qWait(500);
+        screen = pressAndGrab({QStringLiteral("alt+j")});
+        QVERIFY(m_vantrel->state() == QProcess::Running);
+        QCOMPARE(findCaps(screen, bottomBand(VirtualDisplay::leftMonitor())).size(), 2);
+        QCOMPARE(findCaps(screen, bottomBand(VirtualDisplay::rightMonitor())).size(), 2);
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_e2e_Overlay)
+#include "tst_e2e_Overlay.moc"
