@@ -224,12 +224,12 @@ private slots:
                FakeScreenList::screen(3, QStringLiteral("a\"quoted\""))},
               7);
         m_store->setCustomOffset(0.1, 1.0 / 3.0, 3);
-        QCOMPARE(
-            SettingsStore(m_path).value(AppSettings::displayConfigurations),
-            QByteArray("[{\"id\":3,\"name\":\"a\\\"quoted\\\"\",\"isEnabled\":false,\"position\":\"Custom\","
-                       R"("customOffsetX":0.1,"customOffsetY":0.3333333333333333},)"
-                       R"({"id":7,"name":"b","isEnabled":true,"position":"Bottom Center",)"
-                       R"("customOffsetX":0.5,"customOffsetY":0.85}])"));
+        QCOMPARE(SettingsStore(m_path).value(AppSettings::displayConfigurations),
+                 QByteArray("[{\"id\":3,\"name\":\"a\\\"quoted\\\"\",\"isEnabled\":false,"
+                            "\"position\":\"Custom\","
+                            R"("customOffsetX":0.1,"customOffsetY":0.3333333333333333},)"
+                            R"({"id":7,"name":"b","isEnabled":true,"position":"Bottom Center",)"
+                            R"("customOffsetX":0.5,"customOffsetY":0.85}])"));
         QCOMPARE(storedRecord(3)->customOffsetY, 1.0 / 3.0);
     }
 
@@ -301,14 +301,6 @@ private slots:
                 published |= c == *m_store->configuration(display);
             QVERIFY(published);
         }
-    }
-
-    void customOffsetIsNeitherClampedNorCompared()
-    {
-        start({FakeScreenList::screen(1, QStringLiteral("One"))}, 1);
-        m_store->setCustomOffset(-0.2, 1.7, 1);
-        QCOMPARE(*storedRecord(1), (DisplayConfiguration{1, QStringLiteral("One"), true,
-                                                         KeyPosition::custom, -0.2, 1.7}));
     }
 
     void resetForgetsEverything()

@@ -162,16 +162,6 @@ private slots:
         QCOMPARE(s.shadowColor, colour("#00000040"));
         QCOMPARE(s.glowColor, colour("#007AFFff"));
     }
-
-    void changedSettingShowsAtOnce()
-    {
-        const KeyAppearanceSnapshot before = resolveKeyAppearance(m_key, 2.0, *m_settings);
-        m_settings->setValue(AppSettings::keyStyle, AppSettings::KeyStyle::gaming);
-        m_settings->setValue(AppSettings::keyBorderColor, QString());
-        const KeyAppearanceSnapshot after = resolveKeyAppearance(m_key, 2.0, *m_settings);
-        QCOMPARE(before.borderColor, colour("#ccccccff"));
-        QCOMPARE(after.borderColor, colour("#00ff00ff"));
-    }
 };
 
 QTEST_APPLESS_MAIN(tst_KeyAppearance)

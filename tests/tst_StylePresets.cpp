@@ -239,24 +239,6 @@ private slots:
         QCOMPARE(m_presets->presets(), QList<CustomKeyStylePreset>{added});
     }
 
-    void lowerCaseIdsAreRead()
-    {
-        const CustomKeyStylePreset preset{QUuid::createUuid(), QStringLiteral("p"), {}};
-        m_settings->setValue(AppSettings::customKeyStylePresets,
-                             CustomKeyStylePresetStore::encode({preset})->toLower().replace(
-                                 "\"keyfont\"", "\"keyFont\""));
-        reopen();
-        // Only the id's case may differ for it to read; the keys must not.
-        QVERIFY(m_presets->presets().isEmpty());
-
-        QByteArray data = *CustomKeyStylePresetStore::encode({preset});
-        const QByteArray upperId = preset.id.toString(QUuid::WithoutBraces).toUpper().toLatin1();
-        data.replace(upperId, upperId.toLower());
-        m_settings->setValue(AppSettings::customKeyStylePresets, data);
-        reopen();
-        QCOMPARE(m_presets->presets(), QList<CustomKeyStylePreset>{preset});
-    }
-
     void removingAnUnknownIdWritesNothing()
     {
         const CustomKeyStylePreset kept =

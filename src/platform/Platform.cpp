@@ -2,9 +2,9 @@
 
 #include "platform/linux/TerminationSignalWatcher.h"
 #include "platform/linux/XkbKeyboardLayoutSource.h"
-#include "platform/x11/X11KeyboardLayoutMonitor.h"
-#include "platform/x11/X11CompositorWatcher.h"
 #include "platform/x11/X11CaptureBackend.h"
+#include "platform/x11/X11CompositorWatcher.h"
+#include "platform/x11/X11KeyboardLayoutMonitor.h"
 
 #include <xcb/xcb.h>
 

@@ -1,0 +1,161 @@
+#include "capture/KeyDisplayOverlayWindow.h"
+
+#include "capture/CompositorWatcher.h"
+#include "capture/KeyManager.h"
+#include "overlay/KeyDisplayView.h"
+#include "settings/DisplaySettingsStore.h"
+
+#include <QBitmap>
+#include <QPaintEvent>
+#include <QPainter>
+
+namespace {
+// A shape must never be empty: Qt treats an empty mask as "no mask" (the whole window).
+// A single pixel outside the window hides everything.
+const QRegion hiddenShape(-1, -1, 1, 1);
+} // namespace
+
+KeyDisplayOverlayWindow::KeyDisplayOverlayWindow(quint32 displayID, KeyManager &keyManager,
+                                                 DisplaySettingsStore &displayStore,
+                                                 SettingsStore &settings,
+                                                 CompositorWatcher *compositor)
+    : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint |
+                           Qt::WindowTransparentForInput | Qt::WindowDoesNotAcceptFocus |
+                           Qt::Tool | Qt::X11BypassWindowManagerHint),
+      m_displayID(displayID), m_view(std::make_unique<KeyDisplayView>(settings))
+{
+    setWindowTitle(QStringLiteral("Vantrel"));
+    setAttribute(Qt::WA_TranslucentBackground);
+    setAttribute(Qt::WA_ShowWithoutActivating);
+    setAttribute(Qt::WA_X11DoNotAcceptFocus);
+    setAttribute(Qt::WA_OpaquePaintEvent, false);
+    setAutoFillBackground(false);
+
+    m_view->setConfiguration(displayStore.configuration(displayID));
+    m_view->setKeys(keyManager.currentKeys());
+    connect(&keyManager, &KeyManager::currentKeysChanged, this,
+            [this, &keyManager] { m_view->setKeys(keyManager.currentKeys()); });
+    connect(&displayStore, &DisplaySettingsStore::displaySettingsChanged, this,
+            [this, &displayStore] {
+                m_view->setConfiguration(displayStore.configuration(m_displayID));
+            });
+    connect(m_view.get(), &KeyDisplayView::updateRequested, this,
+            &KeyDisplayOverlayWindow::onUpdateRequested);
+
+    if (compositor)
+        connect(compositor, &CompositorWatcher::compositingChanged, this,
+                &KeyDisplayOverlayWindow::setCompositing);
+    m_compositing = compositor && compositor->isCompositing();
+    if (!m_compositing)
+        setMask(hiddenShape);
+}
+
+KeyDisplayOverlayWindow::~KeyDisplayOverlayWindow() = default;
+
+void KeyDisplayOverlayWindow::setFrame(const QRect &frame)
+{
+    setGeometry(frame);
+    m_view->setSize(frame.size());
+    update();
+}
+
+void KeyDisplayOverlayWindow::orderFront()
+{
+    show();
+    raise();
+}
+
+void KeyDisplayOverlayWindow::close()
+{
+    QWidget::close();
+}
+
+void KeyDisplayOverlayWindow::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    m_view->setSize(size());
+}
+
+void KeyDisplayOverlayWindow::setCompositing(bool compositing)
+{
+    if (compositing == m_compositing)
+        return;
+    m_compositing = compositing;
+    m_shapedFrame = QImage();
+    m_shapedRect = QRect();
+    m_shape = QRegion();
+    if (compositing)
+        clearMask();
+    else
+        renderShapedFrame();
+    update();
+}
+
+void KeyDisplayOverlayWindow::onUpdateRequested(const QRegion &region)
+{
+    if (m_compositing) {
+        update(region);
+        return;
+    }
+    const QRegion before = m_shape;
+    renderShapedFrame();
+    // The old and new caps' areas both change.
+    update(region.united(before).united(m_shape));
+}
+
+void KeyDisplayOverlayWindow::renderShapedFrame()
+{
+    m_shapedRect = m_view->contentRegion().boundingRect().intersected(rect());
+    if (m_shapedRect.isEmpty()) {
+        m_shapedFrame = QImage();
+        m_shape = QRegion();
+        setMask(hiddenShape);
+        return;
+    }
+    const qreal ratio = devicePixelRatioF();
+    QImage frame(m_shapedRect.size() * ratio, QImage::Format_ARGB32_Premultiplied);
+    frame.setDevicePixelRatio(ratio);
+    frame.fill(Qt::transparent);
+    {
+        QPainter painter(&frame);
+        painter.translate(-m_shapedRect.topLeft());
+        m_view->paint(painter);
+    }
+    // Keep what is mostly covered, drawn opaque in its own colour; drop soft edges, shadows and
+    // glows, which would show as dark fringes without blending.
+    for (int y = 0; y < frame.height(); ++y) {
+        auto *line = reinterpret_cast<QRgb *>(frame.scanLine(y));
+        for (int x = 0; x < frame.width(); ++x) {
+            const int alpha = qAlpha(line[x]);
+            line[x] = alpha < 128 ? 0 : qUnpremultiply(line[x]) | 0xff000000u;
+        }
+    }
+    const QBitmap bitmap = QBitmap::fromImage(
+        frame.createAlphaMask(Qt::ThresholdAlphaDither | Qt::MonoOnly));
+    QRegion shape(bitmap);
+    if (ratio != 1.0) {
+        // The bitmap is in device pixels; the shape is in window coordinates.
+        QRegion scaled;
+        for (const QRect &r : shape)
+            scaled += QRect(QPointF(r.topLeft()) / ratio, QSizeF(r.size()) / ratio).toAlignedRect();
+        shape = scaled;
+    }
+    shape.translate(m_shapedRect.topLeft());
+    m_shapedFrame = frame;
+    m_shape = shape;
+    setMask(shape.isEmpty() ? hiddenShape : shape);
+}
+
+void KeyDisplayOverlayWindow::paintEvent(QPaintEvent *event)
+{
+    QPainter painter(this);
+    painter.setCompositionMode(QPainter::CompositionMode_Source);
+    painter.fillRect(event->rect(), Qt::transparent);
+    painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+    if (m_compositing) {
+        m_view->paint(painter);
+        return;
+    }
+    if (!m_shapedFrame.isNull())
+        painter.drawImage(m_shapedRect.topLeft(), m_shapedFrame);
+}

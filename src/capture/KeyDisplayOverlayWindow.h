@@ -1,0 +1,54 @@
+#pragma once
+
+#include "capture/KeyDisplayWindow.h"
+
+#include <QImage>
+#include <QRegion>
+#include <QWidget>
+
+#include <memory>
+
+class CompositorWatcher;
+class DisplaySettingsStore;
+class KeyDisplayView;
+class KeyManager;
+class SettingsStore;
+
+// The overlay of one display: a frameless, click-through window above all others, on every
+// workspace, never focused and never in a taskbar, hosting that display's key row.
+//
+// With a compositing manager the window is translucent. Without one the X server shows a
+// translucent window's transparent pixels as black, so the window's shape is cut to the caps
+// (following them as they come, go and move) and the caps are drawn opaque.
+class KeyDisplayOverlayWindow final : public QWidget, public KeyDisplayWindow {
+    Q_OBJECT
+
+public:
+    KeyDisplayOverlayWindow(quint32 displayID, KeyManager &keyManager,
+                            DisplaySettingsStore &displayStore, SettingsStore &settings,
+                            CompositorWatcher *compositor);
+    ~KeyDisplayOverlayWindow() override;
+
+    quint32 displayID() const { return m_displayID; }
+
+    void setFrame(const QRect &frame) override;
+    void orderFront() override;
+    void close() override;
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+
+private:
+    void setCompositing(bool compositing);
+    void onUpdateRequested(const QRegion &region);
+    // Without a compositor: renders the row opaque into m_shapedFrame and cuts the shape to it.
+    void renderShapedFrame();
+
+    const quint32 m_displayID;
+    std::unique_ptr<KeyDisplayView> m_view;
+    bool m_compositing = false;
+    QImage m_shapedFrame; // covers m_shapedRect, in window coordinates
+    QRect m_shapedRect;
+    QRegion m_shape;
+};

@@ -1,0 +1,20 @@
+#include "capture/KeyDisplayOverlayWindowFactory.h"
+
+#include "capture/KeyDisplayOverlayWindow.h"
+
+KeyDisplayOverlayWindowFactory::KeyDisplayOverlayWindowFactory(DisplaySettingsStore &displayStore,
+                                                               SettingsStore &settings,
+                                                               CompositorWatcher *compositor)
+    : m_displayStore(displayStore), m_settings(settings), m_compositor(compositor)
+{
+}
+
+std::unique_ptr<KeyDisplayWindow>
+KeyDisplayOverlayWindowFactory::createWindow(quint32 displayID, const QRect &screenFrame)
+{
+    Q_ASSERT(m_keyManager);
+    auto window = std::make_unique<KeyDisplayOverlayWindow>(displayID, *m_keyManager,
+                                                            m_displayStore, m_settings, m_compositor);
+    window->setGeometry(screenFrame);
+    return window;
+}

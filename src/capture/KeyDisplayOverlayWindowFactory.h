@@ -1,0 +1,27 @@
+#pragma once
+
+#include "capture/KeyDisplayWindow.h"
+
+class CompositorWatcher;
+class DisplaySettingsStore;
+class KeyManager;
+class SettingsStore;
+
+// Makes KeyDisplayOverlayWindow windows bound to the program's key manager and stores.
+class KeyDisplayOverlayWindowFactory final : public KeyDisplayWindowFactory {
+public:
+    KeyDisplayOverlayWindowFactory(DisplaySettingsStore &displayStore, SettingsStore &settings,
+                                   CompositorWatcher *compositor);
+
+    // The manager whose keys the windows show; set before the first window is made.
+    void setKeyManager(KeyManager *keyManager) { m_keyManager = keyManager; }
+
+    std::unique_ptr<KeyDisplayWindow> createWindow(quint32 displayID,
+                                                   const QRect &screenFrame) override;
+
+private:
+    KeyManager *m_keyManager = nullptr;
+    DisplaySettingsStore &m_displayStore;
+    SettingsStore &m_settings;
+    CompositorWatcher *m_compositor;
+};
