@@ -6,6 +6,7 @@
 #include "capture/KeyManager.h"
 #include "capture/KeyboardLayoutTranslator.h"
 #include "platform/Platform.h"
+#include "settings/AppSettings.h"
 #include "settings/DisplaySettingsStore.h"
 #include "settings/SettingsStore.h"
 
@@ -33,7 +34,7 @@ VantrelApp::VantrelApp(SettingsStore &settings, QObject *parent)
     if (!m_keyManager->hasInputMonitoringPermission())
         std::fprintf(stderr, "vantrel: cannot listen to the keyboard: %s\n",
                      qPrintable(m_keyManager->inputMonitoringProblem()));
-    else if (!m_keyManager->isListening())
+    else if (!settings.value(AppSettings::isVantrelEnabled))
         std::printf("Vantrel is switched off (\"Show pressed keys on screen\" is off).\n");
     std::fflush(stdout);
 }

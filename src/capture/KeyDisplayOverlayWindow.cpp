@@ -137,7 +137,7 @@ void KeyDisplayOverlayWindow::renderShapedFrame()
         // The bitmap is in device pixels; the shape is in window coordinates.
         QRegion scaled;
         for (const QRect &r : shape)
-            scaled += QRect(QPointF(r.topLeft()) / ratio, QSizeF(r.size()) / ratio).toAlignedRect();
+            scaled += QRectF(QPointF(r.topLeft()) / ratio, QSizeF(r.size()) / ratio).toAlignedRect();
         shape = scaled;
     }
     shape.translate(m_shapedRect.topLeft());

@@ -3,6 +3,8 @@
 #include "capture/KeyCode.h"
 #include "capture/KeyDisplayOrder.h"
 #include "settings/AppSettings.h"
+#include "settings/DisplaySettingsStore.h"
+#include "settings/ScreenList.h"
 #include "settings/SettingsStore.h"
 
 #include <QMetaObject>
@@ -40,8 +42,10 @@ qint64 lifetimeInMilliseconds(double seconds)
 } // namespace
 
 KeyManager::KeyManager(SettingsStore &settings, std::unique_ptr<CaptureBackend> backend,
-                       KeyboardLayoutTranslator &translator, QObject *parent)
-    : QObject(parent), m_settings(settings), m_backend(std::move(backend)), m_naming(translator),
+                       KeyboardLayoutTranslator &translator, DisplaySettingsStore *displayStore,
+                       KeyDisplayWindowFactory *windowFactory, QObject *parent)
+    : QObject(parent), m_settings(settings), m_displayStore(displayStore),
+      m_windowFactory(windowFactory), m_backend(std::move(backend)), m_naming(translator),
       m_weakSelf(this)
 {
     // The queue: a thread that runs start and stop requests in order.
@@ -76,6 +80,8 @@ KeyManager::~KeyManager()
     m_captureThread.join();
     m_cleanupTimer.stop();
     m_expiryTimer.stop();
+    for (auto &[id, window] : m_keyDisplayWindows)
+        window->close();
 }
 
 // ---- Capture queue ----
@@ -467,19 +473,81 @@ void KeyManager::checkInputMonitoringPermission()
     setPermission(access.granted, access.reason);
 }
 
-// ---- Overlay window hooks ----
+// ---- Overlay windows ----
+
+QMap<quint32, KeyDisplayWindow *> KeyManager::keyDisplayWindows() const
+{
+    QMap<quint32, KeyDisplayWindow *> windows;
+    for (const auto &[id, window] : m_keyDisplayWindows)
+        windows.insert(id, window.get());
+    return windows;
+}
 
 void KeyManager::showKeyDisplayWindows()
 {
-    // Overlay windows: one per enabled display, created here once listening has started.
+    if (!m_displayStore)
+        return;
+    m_displayStore->syncWithConnectedScreens();
+    updateDisplayWindows();
 }
 
 void KeyManager::hideKeyDisplayWindows()
 {
-    // Overlay windows: closed here once listening has stopped.
+    for (auto &[id, window] : m_keyDisplayWindows)
+        window->close();
+    m_keyDisplayWindows.clear();
+}
+
+void KeyManager::updateDisplayWindows()
+{
+    if (!m_displayStore || !m_windowFactory)
+        return;
+    const ScreenList &screens = m_displayStore->screenList();
+    std::map<quint32, std::unique_ptr<KeyDisplayWindow>> windows;
+    for (const DisplayConfiguration &configuration : m_displayStore->configurations()) {
+        if (!configuration.isEnabled)
+            continue;
+        const quint32 id = configuration.id;
+        // The same window is kept for a display across updates, refitted to its screen.
+        if (auto existing = m_keyDisplayWindows.find(id); existing != m_keyDisplayWindows.end()) {
+            position(*existing->second, id);
+            windows.emplace(id, std::move(existing->second));
+            m_keyDisplayWindows.erase(existing);
+            continue;
+        }
+        const std::optional<ScreenList::Screen> screen = screens.screen(id);
+        if (!screen)
+            continue; // made when the display is connected again
+        std::unique_ptr<KeyDisplayWindow> window = m_windowFactory->createWindow(id, screen->geometry);
+        position(*window, id);
+        window->orderFront();
+        windows.emplace(id, std::move(window));
+    }
+    // What is left belongs to displays now disabled or gone.
+    for (auto &[id, window] : m_keyDisplayWindows)
+        window->close();
+    m_keyDisplayWindows = std::move(windows);
+}
+
+void KeyManager::position(KeyDisplayWindow &window, quint32 displayID)
+{
+    if (const auto screen = m_displayStore->screenList().screen(displayID))
+        window.setFrame(screen->availableGeometry);
 }
 
 void KeyManager::subscribeToDisplayChanges()
 {
-    // Overlay windows: rebuilt here whenever the display settings change.
+    if (!m_displayStore)
+        return;
+    connect(m_displayStore, &DisplaySettingsStore::displaySettingsChanged, this, [this] {
+        if (!m_isListening)
+            return; // no windows while stopped
+        m_displayStore->syncWithConnectedScreens();
+        updateDisplayWindows();
+    });
+    // A screen that only moves or resizes leaves the display list alone; refit the windows.
+    connect(&m_displayStore->screenList(), &ScreenList::screensChanged, this, [this] {
+        if (m_isListening)
+            updateDisplayWindows();
+    });
 }

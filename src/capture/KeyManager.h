@@ -1,10 +1,12 @@
 #pragma once
 
 #include "capture/CaptureBackend.h"
+#include "capture/KeyDisplayWindow.h"
 #include "capture/KeyNaming.h"
 #include "capture/KeyPress.h"
 
 #include <QList>
+#include <QMap>
 #include <QObject>
 #include <QPointer>
 #include <QString>
@@ -13,12 +15,14 @@
 #include <atomic>
 #include <condition_variable>
 #include <deque>
+#include <map>
 #include <memory>
 #include <mutex>
 #include <optional>
 #include <thread>
 #include <vector>
 
+class DisplaySettingsStore;
 class KeyboardLayoutTranslator;
 class SettingsStore;
 
@@ -38,9 +42,12 @@ class KeyManager final : public QObject, private CaptureEventHandler {
 
 public:
     // Reads the settings from `settings`, checks access, and starts listening when
-    // `isVantrelEnabled` is on. `settings` and `translator` must outlive the manager.
+    // `isVantrelEnabled` is on. While listening it keeps one overlay window, made by
+    // `windowFactory`, on each display that `displayStore` enables (none without the two).
+    // Everything passed in must outlive the manager.
     KeyManager(SettingsStore &settings, std::unique_ptr<CaptureBackend> backend,
-               KeyboardLayoutTranslator &translator, QObject *parent = nullptr);
+               KeyboardLayoutTranslator &translator, DisplaySettingsStore *displayStore = nullptr,
+               KeyDisplayWindowFactory *windowFactory = nullptr, QObject *parent = nullptr);
     ~KeyManager() override;
 
     bool isListening() const { return m_isListening; }
@@ -58,6 +65,9 @@ public:
 
     // `currentKeys` in display order: modifier symbols first (⌘ ⌃ ⌥ ⇧), then oldest first.
     QList<KeyPress> sortedKeysForDisplay() const;
+
+    // The overlay windows by display identifier (only while listening).
+    QMap<quint32, KeyDisplayWindow *> keyDisplayWindows() const;
 
 signals:
     void isListeningChanged(bool isListening);
@@ -115,12 +125,18 @@ private:
     void setListening(bool listening);
     void setPermission(bool granted, const QString &problem);
 
-    // Overlay window hooks; the overlay windows are attached here.
+    // Overlay windows: one per enabled, connected display while listening.
     void showKeyDisplayWindows();
     void hideKeyDisplayWindows();
+    void updateDisplayWindows();
     void subscribeToDisplayChanges();
+    // Fits a window to its display's available area; nothing when the display is gone.
+    void position(KeyDisplayWindow &window, quint32 displayID);
 
     SettingsStore &m_settings;
+    DisplaySettingsStore *const m_displayStore;
+    KeyDisplayWindowFactory *const m_windowFactory;
+    std::map<quint32, std::unique_ptr<KeyDisplayWindow>> m_keyDisplayWindows;
     const std::unique_ptr<CaptureBackend> m_backend;
     const KeyNaming m_naming;
     LiveSettings m_live;
