@@ -72,7 +72,7 @@ void tst_X11Capture::initTestCase()
 {
     for (const char *tool : {"Xvfb", "xdotool", "setxkbmap", "xset"})
         if (QStandardPaths::findExecutable(QString::fromLatin1(tool)).isEmpty())
-            QSKIP("Xvfb, xdotool, setxkbmap and xset are needed");
+            QFAIL("Xvfb, xdotool, setxkbmap and xset are needed");
     int fds[2];
     QVERIFY(pipe(fds) == 0);
     m_xvfb.setProcessChannelMode(QProcess::ForwardedErrorChannel);

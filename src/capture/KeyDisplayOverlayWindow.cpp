@@ -5,9 +5,10 @@
 #include "overlay/KeyDisplayView.h"
 #include "settings/DisplaySettingsStore.h"
 
-#include <QBitmap>
 #include <QPaintEvent>
 #include <QPainter>
+
+#include <algorithm>
 
 namespace {
 // A shape must never be empty: Qt treats an empty mask as "no mask" (the whole window).
@@ -122,19 +123,55 @@ void KeyDisplayOverlayWindow::renderShapedFrame()
         m_view->paint(painter);
     }
     // Keep what is mostly covered, drawn opaque in its own colour; drop soft edges, shadows and
-    // glows, which would show as dark fringes without blending.
+    // glows, which would show as dark fringes without blending. The shape is built from the
+    // kept runs of each pixel row, rows with the same runs merged into one band.
+    QList<QRect> rects;
+    QList<QRect> band;   // runs of the current band, at its first row
+    QList<QRect> runs;   // runs of the current row
+    const auto flush = [&](int bandEnd) {
+        for (QRect r : band) {
+            r.setBottom(bandEnd);
+            rects.append(r);
+        }
+        band.clear();
+    };
     for (int y = 0; y < frame.height(); ++y) {
         auto *line = reinterpret_cast<QRgb *>(frame.scanLine(y));
+        runs.clear();
+        int runStart = -1;
         for (int x = 0; x < frame.width(); ++x) {
-            const int alpha = qAlpha(line[x]);
-            line[x] = alpha < 128 ? 0 : qUnpremultiply(line[x]) | 0xff000000u;
+            const QRgb pixel = line[x];
+            const int alpha = qAlpha(pixel);
+            if (alpha < 128) {
+                line[x] = 0;
+                if (runStart >= 0) {
+                    runs.append(QRect(runStart, y, x - runStart, 1));
+                    runStart = -1;
+                }
+                continue;
+            }
+            if (alpha != 255)
+                line[x] = qUnpremultiply(pixel) | 0xff000000u;
+            if (runStart < 0)
+                runStart = x;
+        }
+        if (runStart >= 0)
+            runs.append(QRect(runStart, y, frame.width() - runStart, 1));
+        const bool sameRuns =
+            runs.size() == band.size() &&
+            std::equal(runs.cbegin(), runs.cend(), band.cbegin(), [](const QRect &a, const QRect &b) {
+                return a.left() == b.left() && a.right() == b.right();
+            });
+        if (!sameRuns) {
+            flush(y - 1);
+            band = runs;
         }
     }
-    const QBitmap bitmap = QBitmap::fromImage(
-        frame.createAlphaMask(Qt::ThresholdAlphaDither | Qt::MonoOnly));
-    QRegion shape(bitmap);
+    flush(frame.height() - 1);
+    QRegion shape;
+    shape.setRects(rects.constData(), int(rects.size()));
     if (ratio != 1.0) {
-        // The bitmap is in device pixels; the shape is in window coordinates.
+        // The runs are in device pixels; the shape is in window coordinates.
         QRegion scaled;
         for (const QRect &r : shape)
             scaled += QRectF(QPointF(r.topLeft()) / ratio, QSizeF(r.size()) / ratio).toAlignedRect();

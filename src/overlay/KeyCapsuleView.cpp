@@ -134,17 +134,21 @@ void KeyCapsuleView::paint(QPainter &painter, const QPointF &topLeft) const
     paint(painter, QRectF(topLeft, size()));
 }
 
-void KeyCapsuleView::paint(QPainter &painter, const QRectF &frame, KeyEffectCache *cache) const
+void KeyCapsuleView::paint(QPainter &painter, const QRectF &frame, KeyEffectCache *cache,
+                           double opacity) const
 {
     KeyEffectCache &effects = cache ? *cache : KeyEffectCache::shared();
     if (m_cacheKey.isEmpty() || frame.isEmpty()) {
+        painter.save();
+        painter.setOpacity(painter.opacity() * opacity);
         paintLayers(painter, frame, effects);
+        painter.restore();
         return;
     }
     const qreal dpr = painter.device() ? painter.device()->devicePixelRatio() : 1.0;
     QByteArray key = "c" + QByteArray::number(m_cacheKey.size()) + ':' + m_cacheKey;
     appendLook(key, m_style);
-    for (const double value : {frame.width(), frame.height(), dpr})
+    for (const double value : {frame.width(), frame.height(), dpr, opacity})
         appendNumber(key, value);
 
     const KeyEffectCache::Effect *cap = effects.find(key);
@@ -162,6 +166,7 @@ void KeyCapsuleView::paint(QPainter &painter, const QRectF &frame, KeyEffectCach
         image.setDevicePixelRatio(dpr);
         {
             QPainter imagePainter(&image);
+            imagePainter.setOpacity(opacity);
             paintLayers(imagePainter, QRectF(QPointF(left, top), frame.size()), effects);
         }
         cap = effects.insert(key, std::move(image), QPointF(-left, -top));
@@ -175,8 +180,10 @@ void KeyCapsuleView::paint(QPainter &painter, const QRectF &frame, KeyEffectCach
         const QPointF snapped(std::round(device.x()) / dpr, std::round(device.y()) / dpr);
         position += snapped - device / dpr;
     }
+    // Scaled copies appear only for the fraction of a second a cap grows or shrinks; sampling
+    // them without smoothing keeps those frames cheap.
     painter.save();
-    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform, false);
     painter.drawImage(position, cap->image);
     painter.restore();
 }

@@ -54,8 +54,11 @@ public:
     // Draws the cap with its frame's top-left corner at `topLeft`.
     void paint(QPainter &painter, const QPointF &topLeft) const;
     // Draws the cap into `frame`, whatever its size (used while a cap changes size). Blurred
-    // effects come from `cache` (the shared one when none is given).
-    void paint(QPainter &painter, const QRectF &frame, KeyEffectCache *cache = nullptr) const;
+    // effects come from `cache` (the shared one when none is given). `opacity` is a steady
+    // opacity of the cap: a cached cap keeps it baked in, so that drawing it again is a plain
+    // copy rather than a blend at partial opacity.
+    void paint(QPainter &painter, const QRectF &frame, KeyEffectCache *cache = nullptr,
+               double opacity = 1.0) const;
 
 private:
     void paintLayers(QPainter &painter, const QRectF &frame, KeyEffectCache &effects) const;

@@ -24,7 +24,7 @@ constexpr double compactHorizontalPadding = 20.0;
 constexpr double defaultCustomX = 0.5;
 constexpr double defaultCustomY = 0.85;
 // About 60 frames per second while something moves.
-constexpr int frameInterval = 16;
+constexpr int frameInterval = 33;
 
 QPointF lerp(const QPointF &from, const QPointF &to, double t)
 {
@@ -428,9 +428,11 @@ void KeyDisplayView::publishFrame()
     if (!dirty.isEmpty())
         emit updateRequested(dirty);
 
-    if (moving && !m_frameTimer.isActive())
+    // The next frame follows a full interval after this one, also when a change of keys drew
+    // this one early: fast typing costs no frames beyond the animation's own.
+    if (moving)
         m_frameTimer.start();
-    else if (!moving)
+    else
         m_frameTimer.stop();
 }
 
@@ -443,11 +445,16 @@ void KeyDisplayView::paint(QPainter &painter) const
         if (opacity <= 0.0 || look.scale <= 0.0)
             continue;
         painter.save();
-        painter.setOpacity(painter.opacity() * opacity);
         painter.translate(centerOf(*item) + look.offset);
         if (look.scale != 1.0)
             painter.scale(look.scale, look.scale);
-        item->view->paint(painter, QPointF(0.0, 0.0), m_frameTime);
+        if (look.opacity == 1.0) {
+            // Resting or sliding: the row's opacity is baked into the cached cap.
+            item->view->paint(painter, QPointF(0.0, 0.0), m_frameTime, rowOpacity);
+        } else {
+            painter.setOpacity(painter.opacity() * opacity);
+            item->view->paint(painter, QPointF(0.0, 0.0), m_frameTime);
+        }
         painter.restore();
     }
 }

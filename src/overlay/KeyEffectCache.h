@@ -13,7 +13,7 @@
 // plus their content). Images live in memory only.
 //
 // Bounded as a least-recently-used cache by bytes: at most `byteBudget` bytes of images (by
-// default 24 MiB, enough for a few hundred caps at size 3 on a 2× display); the least recently
+// default 8 MiB, enough for some eighty caps at size 3 on a 2× display); the least recently
 // used image goes first. An image larger than the whole budget is rendered for the one frame and
 // not kept. For use on the GUI thread only.
 class KeyEffectCache final {
@@ -25,7 +25,7 @@ public:
         QPointF offset;
     };
 
-    static constexpr qsizetype defaultByteBudget = 24 * 1024 * 1024;
+    static constexpr qsizetype defaultByteBudget = 8 * 1024 * 1024;
 
     explicit KeyEffectCache(qsizetype byteBudget = defaultByteBudget);
 

@@ -100,7 +100,7 @@ void KeyView::paintContent(QPainter &painter, const QPointF &center, const Conte
     }
 }
 
-void KeyView::paint(QPainter &painter, const QPointF &center, double now) const
+void KeyView::paint(QPainter &painter, const QPointF &center, double now, double opacity) const
 {
     const QSizeF frameSize = size(now);
     const QRectF frame(center.x() - frameSize.width() / 2.0, center.y() - frameSize.height() / 2.0,
@@ -130,5 +130,5 @@ void KeyView::paint(QPainter &painter, const QPointF &center, double now) const
                 ? QByteArray(category.button() == MouseClickButton::left ? "ml" : "mr")
                 : "t" + m_keyPress.keyName.toUtf8());
     }
-    capsule.paint(painter, frame);
+    capsule.paint(painter, frame, nullptr, opacity);
 }

@@ -35,8 +35,9 @@ public:
     QMarginsF visualMargins() const;
     bool isAnimating(double now) const;
 
-    // Draws the cap with its frame centred on `center`.
-    void paint(QPainter &painter, const QPointF &center, double now) const;
+    // Draws the cap with its frame centred on `center`, at a steady `opacity` (see
+    // KeyCapsuleView::paint).
+    void paint(QPainter &painter, const QPointF &center, double now, double opacity = 1.0) const;
 
 private:
     struct Content {
