@@ -15,6 +15,8 @@ build_vantrel
 source "$VANTREL_ROOT/scripts/virtual-display.sh"
 
 config="$(mktemp -d)"
+export XDG_RUNTIME_DIR="$config/runtime"
+mkdir -m 700 "$XDG_RUNTIME_DIR"
 trap 'kill "${vantrel_pid:-}" 2>/dev/null; stop_virtual_display; rm -rf "$config"' EXIT
 start_virtual_display
 start_compositor

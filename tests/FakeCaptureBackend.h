@@ -2,8 +2,6 @@
 
 #include "capture/CaptureBackend.h"
 
-#include <QString>
-
 #include <atomic>
 #include <condition_variable>
 #include <deque>
@@ -13,45 +11,27 @@
 // thread, as a real backend delivers what it reads from the system.
 class FakeCaptureBackend final : public CaptureBackend {
 public:
-    // What the tests observe and control; shared with the test while the backend is owned by the
-    // engine.
+    // Shared with the test while the engine owns the backend.
     struct Control {
-        std::atomic<bool> accessGranted{true};
-        std::atomic<bool> installFails{false};
-        std::atomic<int> installCount{0};
-        std::atomic<int> uninstallCount{0};
-        std::atomic<int> requestCount{0};
         std::atomic<int> installed{0}; // captures installed right now
         std::atomic<int> delivered{0}; // events handed to the engine
     };
 
     explicit FakeCaptureBackend(Control &control) : m_control(control) {}
 
-    // Queues an event; `characters` is what the key types under the event's modifiers.
-    void inject(CaptureEvent::Type type, int keyCode = -1, quint64 flags = 0,
-                const QString &characters = {});
-    // Makes the running capture end as if the event source went away.
-    void endCapture();
+    void inject(CaptureEvent::Type type, int keyCode = -1, quint64 flags = 0);
 
-    Access checkAccess() override;
-    Access requestAccess() override;
-    bool install() override;
+    Access checkAccess() override { return {true, {}}; }
+    Access requestAccess() override { return {true, {}}; }
+    bool install() override { return ++m_control.installed > 0; }
     RunResult run(CaptureEventHandler &handler) override;
-    void uninstall() override;
+    void uninstall() override { --m_control.installed; }
     void stop() override;
 
 private:
-    struct Injected {
-        CaptureEvent::Type type;
-        int keyCode;
-        quint64 flags;
-        QString characters;
-    };
-
     Control &m_control;
     std::mutex m_mutex;
     std::condition_variable m_condition;
-    std::deque<Injected> m_events;
+    std::deque<CaptureEvent> m_events;
     bool m_stopRequested = false;
-    bool m_endRequested = false;
 };

@@ -1,5 +1,5 @@
-#include "FakeScreenList.h"
 #include "settings/DisplaySettingsStore.h"
+#include "settings/ScreenList.h"
 #include "settings/SettingsStore.h"
 
 #include <QCoreApplication>
@@ -14,419 +14,249 @@
 
 using KeyPosition = AppSettings::KeyPosition;
 using Screen = ScreenList::Screen;
+using Configs = QList<DisplayConfiguration>;
 
 Q_DECLARE_METATYPE(KeyPosition)
-Q_DECLARE_METATYPE(std::optional<quint32>)
 
 namespace {
 
 // Set in the environment of a child run that loads a settings file and must end the program.
 constexpr char childLoadVariable[] = "VANTREL_TEST_LOAD_DISPLAYS";
 
-QByteArray record(quint32 id, const char *name, const char *position = "Bottom Center")
+Screen monitor(quint32 id, const QString &name)
 {
-    return QByteArray(R"({"id":)") + QByteArray::number(id) + R"(,"name":")" + name +
-           R"(","isEnabled":true,"position":")" + position +
-           R"(","customOffsetX":0.5,"customOffsetY":0.85})";
+    const QRect geometry(int(id) * 1920, 0, 1920, 1080);
+    return {id, name, geometry, geometry.adjusted(0, 32, 0, 0)};
 }
 
-QByteArray array(const QList<QByteArray> &records)
+DisplayConfiguration config(quint32 id, const char *name, bool enabled,
+                            KeyPosition position = KeyPosition::bottomCenter)
 {
-    return '[' + records.join(',') + ']';
+    return {id, name, enabled, position, 0.5, 0.85};
+}
+
+QByteArray json(const Configs &configurations)
+{
+    return *DisplaySettingsStore::encode(configurations);
 }
 
 } // namespace
 
+// Screens that a test connects, renames and disconnects at will.
+class FakeScreenList final : public ScreenList {
+    Q_OBJECT
+
+public:
+    QList<Screen> list;
+    std::optional<quint32> main;
+
+    QList<Screen> screens() const override { return list; }
+    std::optional<quint32> mainScreenID() const override { return main; }
+    // Each change announces itself, as the platform does.
+    void update(const QList<Screen> &screens)
+    {
+        list = screens;
+        emit screensChanged();
+    }
+};
+
 class tst_DisplaySettingsStore final : public QObject {
     Q_OBJECT
 
+    template <typename... T> static void row(const char *name, const T &...values)
+    {
+        (QTest::newRow(name) << ... << values);
+    }
+
     QTemporaryDir m_dir;
-    QString m_path;
+    const QString m_path = m_dir.filePath(QStringLiteral("settings.conf"));
     std::unique_ptr<SettingsStore> m_settings;
-    std::unique_ptr<FakeScreenList> m_screens;
+    FakeScreenList m_screens;
     std::unique_ptr<DisplaySettingsStore> m_store;
 
     // The store over `screens`, with `main` as the main display, on the current settings.
     void start(const QList<Screen> &screens, std::optional<quint32> main)
     {
-        m_screens->setScreens(screens, main);
-        m_store = std::make_unique<DisplaySettingsStore>(*m_settings, *m_screens);
+        m_screens.list = screens;
+        m_screens.main = main;
+        m_store = std::make_unique<DisplaySettingsStore>(*m_settings, m_screens);
     }
-
     // What a later run would read: the records in the settings file itself.
-    QList<DisplayConfiguration> storedRecords() const
+    Configs stored() const
     {
         const SettingsStore file(m_path);
-        if (!file.contains(DisplaySettingsStore::userDefaultsKey()))
-            return {};
-        return DisplaySettingsStore::decode(file.value(AppSettings::displayConfigurations))
-            .value_or(QList<DisplayConfiguration>());
-    }
-    std::optional<DisplayConfiguration> storedRecord(quint32 id) const
-    {
-        for (const DisplayConfiguration &c : storedRecords())
-            if (c.id == id)
-                return c;
-        return std::nullopt;
-    }
-    QStringList publishedNames() const
-    {
-        QStringList names;
-        for (const DisplayConfiguration &c : m_store->configurations())
-            names.append(c.name);
-        return names;
+        return DisplaySettingsStore::decode(file.value(AppSettings::displayConfigurations)).value();
     }
 
 private slots:
     void init()
     {
-        m_path = m_dir.filePath(QStringLiteral("settings.conf"));
+        m_store.reset();
         QFile::remove(m_path);
         m_settings = std::make_unique<SettingsStore>(m_path);
-        m_screens = std::make_unique<FakeScreenList>();
-    }
-    void cleanup()
-    {
-        m_store.reset();
-        m_screens.reset();
-        m_settings.reset();
     }
 
     void firstRunSeedsPositionFromFormerSetting_data()
     {
-        QTest::addColumn<QString>("stored");
+        QTest::addColumn<QString>("former");
         QTest::addColumn<KeyPosition>("seeded");
-        QTest::newRow("Top Right") << QStringLiteral("Top Right") << KeyPosition::topRight;
-        QTest::newRow("Custom") << QStringLiteral("Custom") << KeyPosition::custom;
-        QTest::newRow("unknown text") << QStringLiteral("Middle") << KeyPosition::bottomCenter;
-        QTest::newRow("nothing stored") << QString() << KeyPosition::bottomCenter;
+        row("Top Right", "Top Right", KeyPosition::topRight);
+        row("unknown text", "Middle", KeyPosition::bottomCenter);
     }
     void firstRunSeedsPositionFromFormerSetting()
     {
-        QFETCH(QString, stored);
+        QFETCH(QString, former);
         QFETCH(KeyPosition, seeded);
-        if (!stored.isNull())
-            m_settings->setRawValue(QStringLiteral("keyPosition"), stored);
-
-        start({FakeScreenList::screen(1, QStringLiteral("Built-in")),
-               FakeScreenList::screen(2, QStringLiteral("External"))},
-              2);
-
-        QVERIFY(!m_settings->contains(QStringLiteral("keyPosition")));
+        m_settings->setRawValue(QStringLiteral("keyPosition"), former);
+        start({monitor(1, "A"), monitor(2, "B")}, 2);
         QVERIFY(!SettingsStore(m_path).contains(QStringLiteral("keyPosition")));
-        const QList<DisplayConfiguration> expected{
-            {1, QStringLiteral("Built-in"), false, seeded, 0.5, 0.85},
-            {2, QStringLiteral("External"), true, seeded, 0.5, 0.85}};
+        const Configs expected{config(1, "A", false, seeded), config(2, "B", true, seeded)};
         QCOMPARE(m_store->configurations(), expected);
-        QCOMPARE(storedRecords(), expected);
-
+        QCOMPARE(stored(), expected);
         // Only the first synchronisation uses the former setting.
-        m_screens->connectScreen(3, QStringLiteral("Projector"));
-        QCOMPARE(m_store->configuration(3)->position, KeyPosition::bottomCenter);
-        QCOMPARE(m_store->configuration(3)->isEnabled, false);
-        QCOMPARE(storedRecord(3)->position, KeyPosition::bottomCenter);
-        QCOMPARE(m_store->configuration(1)->position, seeded);
+        m_screens.update({monitor(1, "A"), monitor(2, "B"), monitor(3, "C")});
+        QCOMPARE(m_store->configuration(3), config(3, "C", false));
+        QVERIFY(stored().contains(config(3, "C", false)));
     }
 
-    void newDisplayIsEnabledOnlyWhenMain_data()
+    void unpluggedDisplayKeepsItsSettingsAndRenameIsSaved()
     {
-        QTest::addColumn<std::optional<quint32>>("main");
-        QTest::addColumn<QList<bool>>("enabled");
-        QTest::newRow("first is main") << std::optional<quint32>(10) << QList<bool>{true, false};
-        QTest::newRow("second is main") << std::optional<quint32>(20) << QList<bool>{false, true};
-        QTest::newRow("no main") << std::optional<quint32>() << QList<bool>{false, false};
-        QTest::newRow("main not listed") << std::optional<quint32>(99) << QList<bool>{false, false};
-    }
-    void newDisplayIsEnabledOnlyWhenMain()
-    {
-        QFETCH(std::optional<quint32>, main);
-        QFETCH(QList<bool>, enabled);
-        start({FakeScreenList::screen(10, QStringLiteral("A")),
-               FakeScreenList::screen(20, QStringLiteral("B"))},
-              main);
-        QCOMPARE(m_store->configuration(10)->isEnabled, enabled.at(0));
-        QCOMPARE(m_store->configuration(20)->isEnabled, enabled.at(1));
-    }
-
-    void unpluggedDisplayKeepsItsSettings()
-    {
-        start({FakeScreenList::screen(1, QStringLiteral("Left")),
-               FakeScreenList::screen(2, QStringLiteral("Right"))},
-              1);
+        start({monitor(1, "Left"), monitor(2, "Right")}, 1);
         m_store->setEnabled(true, 2);
         m_store->setCustomOffset(0.25, 0.1, 2);
         const DisplayConfiguration before = *m_store->configuration(2);
-
         QSignalSpy changed(m_store.get(), &DisplaySettingsStore::displaySettingsChanged);
-        m_screens->disconnectScreen(2);
+        m_screens.update({monitor(1, "Left")});
         QCOMPARE(changed.count(), 1);
-        QCOMPARE(publishedNames(), QStringList{QStringLiteral("Left")});
-        QCOMPARE(m_store->configuration(2), before);
-        QCOMPARE(storedRecord(2), before);
-
-        m_screens->connectScreen(2, QStringLiteral("Right"));
+        QCOMPARE(m_store->configurations().size(), 1);
+        QVERIFY(stored().contains(before));
+        DisplayConfiguration renamed = before;
+        renamed.name = QStringLiteral("Studio");
+        m_screens.update({monitor(1, "Left"), monitor(2, "Studio")});
         QCOMPARE(changed.count(), 2);
-        QCOMPARE(m_store->configurations().size(), 2);
-        QCOMPARE(m_store->configurations().at(1), before);
-
+        QCOMPARE(m_store->configurations(), (Configs{*m_store->configuration(1), renamed}));
         // A later run finds the display as it was left.
         m_store.reset();
         m_settings = std::make_unique<SettingsStore>(m_path);
-        start(m_screens->screens(), 1);
-        QCOMPARE(m_store->configuration(2), before);
+        QSignalSpy written(m_settings.get(), &SettingsStore::valueChanged);
+        start(m_screens.list, 1);
+        QCOMPARE(m_store->configuration(2), renamed);
+        QCOMPARE(written.count(), 0);
     }
 
-    void renamedDisplayKeepsSettingsAndNameIsSaved()
-    {
-        start({FakeScreenList::screen(1, QStringLiteral("DELL U2720Q"))}, 1);
-        m_store->setPosition(KeyPosition::topLeft, 1);
-        QSignalSpy changed(m_store.get(), &DisplaySettingsStore::displaySettingsChanged);
-
-        m_screens->renameScreen(1, QStringLiteral("Studio Display"));
-
-        QCOMPARE(changed.count(), 1);
-        const DisplayConfiguration expected{
-            1, QStringLiteral("Studio Display"), true, KeyPosition::topLeft, 0.5, 0.85};
-        QCOMPARE(m_store->configurations(), QList<DisplayConfiguration>{expected});
-        QCOMPARE(storedRecords(), QList<DisplayConfiguration>{expected});
-    }
-
-    void listedByNameIgnoringCase_data()
-    {
-        QTest::addColumn<QStringList>("screenNames");
-        QTest::addColumn<QStringList>("listed");
-        QTest::newRow("Alpha before beta")
-            << QStringList{"beta", "Alpha"} << QStringList{"Alpha", "beta"};
-        QTest::newRow("case is no order")
-            << QStringList{"bravo", "Alpha", "Charlie"} << QStringList{"Alpha", "bravo", "Charlie"};
-        QTest::newRow("accents sort with their letter")
-            << QStringList{"Zeta", "Écran", "eagle"} << QStringList{"eagle", "Écran", "Zeta"};
-        // Names equal but for case keep the order in which the screens are reported.
-        QTest::newRow("stable: b first") << QStringList{"b", "B"} << QStringList{"b", "B"};
-        QTest::newRow("stable: B first") << QStringList{"B", "b"} << QStringList{"B", "b"};
-        QTest::newRow("same name twice")
-            << QStringList{"LG", "Acer", "LG"} << QStringList{"Acer", "LG", "LG"};
-    }
     void listedByNameIgnoringCase()
     {
-        QFETCH(QStringList, screenNames);
-        QFETCH(QStringList, listed);
         QList<Screen> screens;
-        for (qsizetype i = 0; i < screenNames.size(); ++i)
-            screens.append(FakeScreenList::screen(quint32(i + 1), screenNames.at(i)));
+        for (const char *name : {"beta", "Zeta", "b", "Écran", "Alpha", "eagle", "B"})
+            screens.append(monitor(quint32(screens.size() + 1), name));
         start(screens, 1);
-        QCOMPARE(publishedNames(), listed);
-    }
-
-    void storedFormIsSortedById()
-    {
-        start({FakeScreenList::screen(7, QStringLiteral("b")),
-               FakeScreenList::screen(3, QStringLiteral("a\"quoted\""))},
-              7);
-        m_store->setCustomOffset(0.1, 1.0 / 3.0, 3);
-        QCOMPARE(SettingsStore(m_path).value(AppSettings::displayConfigurations),
-                 QByteArray("[{\"id\":3,\"name\":\"a\\\"quoted\\\"\",\"isEnabled\":false,"
-                            "\"position\":\"Custom\","
-                            R"("customOffsetX":0.1,"customOffsetY":0.3333333333333333},)"
-                            R"({"id":7,"name":"b","isEnabled":true,"position":"Bottom Center",)"
-                            R"("customOffsetX":0.5,"customOffsetY":0.85}])"));
-        QCOMPARE(storedRecord(3)->customOffsetY, 1.0 / 3.0);
+        QStringList listed;
+        for (const DisplayConfiguration &c : m_store->configurations())
+            listed.append(c.name);
+        // Names equal but for case keep the order in which the screens are reported.
+        QCOMPARE(listed, (QStringList{"Alpha", "b", "B", "beta", "eagle", "Écran", "Zeta"}));
     }
 
     void settersWriteOnlyRealChanges_data()
     {
-        // Display 1 is connected, enabled and custom at (0.5, 0.85); display 5 is known but
-        // disconnected and disabled; display 9 is unknown.
-        QTest::addColumn<int>("operation");
+        // Display 1 is connected and enabled; 5 is known but disconnected and disabled; 9 unknown.
+        QTest::addColumn<int>("operation"); // 0 enable, 1 disable, 2 top left
         QTest::addColumn<quint32>("display");
         QTest::addColumn<bool>("writes");
-        QTest::addColumn<bool>("announces");
-        enum { enable, disable, toTopLeft, toCustom, offset };
-        QTest::newRow("enable enabled") << int(enable) << 1u << false << false;
-        QTest::newRow("disable enabled") << int(disable) << 1u << true << true;
-        QTest::newRow("same position") << int(toCustom) << 1u << false << false;
-        QTest::newRow("new position") << int(toTopLeft) << 1u << true << true;
-        QTest::newRow("offset, same values") << int(offset) << 1u << true << true;
-        QTest::newRow("disconnected: new position") << int(toTopLeft) << 5u << true << false;
-        QTest::newRow("disconnected: enable") << int(enable) << 5u << true << false;
-        QTest::newRow("disconnected: disable disabled") << int(disable) << 5u << false << false;
-        QTest::newRow("unknown: enable") << int(enable) << 9u << false << false;
-        QTest::newRow("unknown: offset") << int(offset) << 9u << false << false;
+        row("enable enabled", 0, 1u, false);
+        row("disable enabled", 1, 1u, true);
+        row("disconnected: new position", 2, 5u, true);
+        row("unknown: enable", 0, 9u, false);
     }
     void settersWriteOnlyRealChanges()
     {
         QFETCH(int, operation);
         QFETCH(quint32, display);
         QFETCH(bool, writes);
-        QFETCH(bool, announces);
-
-        start({FakeScreenList::screen(1, QStringLiteral("One")),
-               FakeScreenList::screen(5, QStringLiteral("Five"))},
-              1);
-        m_store->setCustomOffset(0.5, 0.85, 1);
-        m_screens->disconnectScreen(5);
-        const std::optional<DisplayConfiguration> before = m_store->configuration(display);
-
+        start({monitor(1, "One"), monitor(5, "Five")}, 1);
+        m_screens.update({monitor(1, "One")});
         QSignalSpy written(m_settings.get(), &SettingsStore::valueChanged);
         QSignalSpy announced(m_store.get(), &DisplaySettingsStore::displaySettingsChanged);
-        switch (operation) {
-        case 0:
-            m_store->setEnabled(true, display);
-            break;
-        case 1:
-            m_store->setEnabled(false, display);
-            break;
-        case 2:
+        if (operation < 2)
+            m_store->setEnabled(operation == 0, display);
+        else
             m_store->setPosition(KeyPosition::topLeft, display);
-            break;
-        case 3:
-            m_store->setPosition(KeyPosition::custom, display);
-            break;
-        case 4:
-            m_store->setCustomOffset(0.5, 0.85, display);
-            break;
-        }
         QCOMPARE(written.count(), writes ? 1 : 0);
-        QCOMPARE(announced.count(), announces ? 1 : 0);
-        if (writes) {
-            QCOMPARE(written.first().first().toString(), DisplaySettingsStore::userDefaultsKey());
-            QCOMPARE(storedRecord(display), m_store->configuration(display));
-            QVERIFY(operation == 4 || m_store->configuration(display) != before);
-        } else {
-            QCOMPARE(m_store->configuration(display), before);
-        }
-        if (announces) {
-            bool published = false;
-            for (const DisplayConfiguration &c : m_store->configurations())
-                published |= c == *m_store->configuration(display);
-            QVERIFY(published);
-        }
-    }
-
-    void resetForgetsEverything()
-    {
-        m_settings->setRawValue(QStringLiteral("keyPosition"), QStringLiteral("Top Right"));
-        start({FakeScreenList::screen(1, QStringLiteral("One")),
-               FakeScreenList::screen(2, QStringLiteral("Two")),
-               FakeScreenList::screen(3, QStringLiteral("Three"))},
-              1);
-        m_store->setEnabled(true, 2);
-        m_store->setCustomOffset(0.1, 0.2, 1);
-        m_screens->disconnectScreen(3);
-
-        QSignalSpy announced(m_store.get(), &DisplaySettingsStore::displaySettingsChanged);
-        m_store->resetToDefaults();
-
-        QVERIFY(announced.count() >= 1);
-        const QList<DisplayConfiguration> expected{
-            {1, QStringLiteral("One"), true, KeyPosition::bottomCenter, 0.5, 0.85},
-            {2, QStringLiteral("Two"), false, KeyPosition::bottomCenter, 0.5, 0.85}};
-        QCOMPARE(m_store->configurations(), expected);
-        QCOMPARE(storedRecords(), expected);
-        QVERIFY(!m_store->configuration(3));
-
-        // The reset's default position does not linger for displays met later.
-        m_screens->connectScreen(3, QStringLiteral("Three"));
-        QCOMPARE(m_store->configuration(3)->position, KeyPosition::bottomCenter);
-        QCOMPARE(m_store->configuration(3)->isEnabled, false);
+        // Only changes to connected displays are announced.
+        QCOMPARE(announced.count(), writes && display == 1 ? 1 : 0);
+        if (writes)
+            QVERIFY(stored().contains(*m_store->configuration(display)));
+        if (writes && operation == 2)
+            QCOMPARE(m_store->configuration(display)->position, KeyPosition::topLeft);
+        if (writes && display == 1)
+            QVERIFY(m_store->configurations().contains(*m_store->configuration(display)));
     }
 
     void unreadableStoredDataIsReplaced_data()
     {
         QTest::addColumn<QByteArray>("data");
-        QTest::newRow("not JSON") << QByteArray("[{\"id\":1,");
-        QTest::newRow("empty") << QByteArray();
-        QTest::newRow("object, not array") << record(1, "Old");
-        QTest::newRow("unknown position") << array({record(1, "Old", "Middle")});
-        QTest::newRow("position case differs") << array({record(1, "Old", "top left")});
-        QTest::newRow("missing offset") << QByteArray(
-            R"([{"id":1,"name":"Old","isEnabled":false,"position":"Top Left","customOffsetX":0.5}])");
-        QTest::newRow("negative id") << array({record(1, "Old").replace("\"id\":1", "\"id\":-1")});
-        QTest::newRow("id too large")
-            << array({record(1, "Old").replace("\"id\":1", "\"id\":4294967296")});
-        QTest::newRow("fractional id")
-            << array({record(1, "Old").replace("\"id\":1", "\"id\":1.5")});
-        QTest::newRow("id as text")
-            << array({record(1, "Old").replace("\"id\":1", "\"id\":\"1\"")});
-        QTest::newRow("one good, one bad")
-            << array({record(2, "Good"), record(1, "Old", "Middle")});
+        const QByteArray old = json({config(1, "Old", true)});
+        row("not JSON", QByteArray("[{\"id\":1,"));
+        row("position case differs", QByteArray(old).replace("Bottom Center", "bottom center"));
+        row("negative id", QByteArray(old).replace("\"id\":1", "\"id\":-1"));
+        row("id as text", QByteArray(old).replace("\"id\":1", "\"id\":\"1\""));
+        row("one good, one bad",
+            json({config(1, "Old", true), config(2, "Good", true, KeyPosition::topLeft)})
+                .replace("Bottom Center", "Middle"));
     }
     void unreadableStoredDataIsReplaced()
     {
         QFETCH(QByteArray, data);
         m_settings->setValue(AppSettings::displayConfigurations, data);
-        start({FakeScreenList::screen(1, QStringLiteral("One"))}, 1);
-        const QList<DisplayConfiguration> fresh{
-            {1, QStringLiteral("One"), true, KeyPosition::bottomCenter, 0.5, 0.85}};
+        start({monitor(1, "One")}, 1);
+        const Configs fresh{config(1, "One", true)};
         QCOMPARE(m_store->configurations(), fresh);
-        QCOMPARE(storedRecords(), fresh);
-    }
-
-    void readableStoredDataIsUsed()
-    {
-        m_settings->setValue(AppSettings::displayConfigurations,
-                             array({record(4294967295u, "Max", "Top Left"), record(1, "Old")}));
-        QSignalSpy written(m_settings.get(), &SettingsStore::valueChanged);
-        start({FakeScreenList::screen(4294967295u, QStringLiteral("Max"))}, std::nullopt);
-        QCOMPARE(m_store->configurations(),
-                 (QList<DisplayConfiguration>{
-                     {4294967295u, QStringLiteral("Max"), true, KeyPosition::topLeft, 0.5, 0.85}}));
-        QVERIFY(m_store->configuration(1));
-        // Nothing new, nothing renamed: nothing is written.
-        QCOMPARE(written.count(), 0);
+        QCOMPARE(stored(), fresh);
     }
 
     void duplicateStoredIdsEndTheProgram_data()
     {
         QTest::addColumn<QByteArray>("data");
         QTest::addColumn<bool>("ends");
-        QTest::newRow("duplicate")
-            << array({record(7, "A"), record(8, "B"), record(7, "C")}) << true;
-        QTest::newRow("unique") << array({record(7, "A"), record(8, "B")}) << false;
+        const QByteArray twice =
+            json({config(7, "A", true), config(8, "B", true)}).replace("\"id\":8", "\"id\":7");
+        row("duplicate", twice, true);
         // Unreadable data is never checked for duplicates.
-        QTest::newRow("duplicate but unreadable")
-            << array({record(7, "A"), record(7, "C", "Middle")}) << false;
+        row("duplicate but unreadable", QByteArray(twice).replace("Bottom Center", "Middle"),
+            false);
     }
     void duplicateStoredIdsEndTheProgram()
     {
         QFETCH(QByteArray, data);
         QFETCH(bool, ends);
         m_settings->setValue(AppSettings::displayConfigurations, data);
-
         QProcess child;
-        QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
-        env.insert(QString::fromLatin1(childLoadVariable), m_path);
-        child.setProcessEnvironment(env);
+        qputenv(childLoadVariable, m_path.toLocal8Bit());
         child.start(QCoreApplication::applicationFilePath(), {});
+        qunsetenv(childLoadVariable);
         QVERIFY(child.waitForFinished(30000));
         const QByteArray errors = child.readAllStandardError();
-        if (ends) {
-            QCOMPARE(child.exitStatus(), QProcess::CrashExit);
+        QCOMPARE(child.exitStatus(), ends ? QProcess::CrashExit : QProcess::NormalExit);
+        if (ends)
             QVERIFY2(errors.contains("Duplicate values for key: '7"), errors.constData());
-        } else {
-            QCOMPARE(child.exitStatus(), QProcess::NormalExit);
+        else
             QCOMPARE(child.exitCode(), 0);
-        }
     }
 };
-
-// A child run loads the given settings file with one display connected, then exits.
-static int loadDisplaysAndExit(const QString &path)
-{
-    const rlimit noCoreFile{0, 0};
-    setrlimit(RLIMIT_CORE, &noCoreFile);
-    SettingsStore settings(path);
-    FakeScreenList screens;
-    screens.setScreens({FakeScreenList::screen(7, QStringLiteral("A"))}, 7);
-    DisplaySettingsStore store(settings, screens);
-    return 0;
-}
 
 int main(int argc, char *argv[])
 {
     QCoreApplication app(argc, argv);
-    if (qEnvironmentVariableIsSet(childLoadVariable))
-        return loadDisplaysAndExit(qEnvironmentVariable(childLoadVariable));
+    if (qEnvironmentVariableIsSet(childLoadVariable)) {
+        // The child run: load the settings with one display connected, then exit.
+        const rlimit noCoreFile{0, 0};
+        setrlimit(RLIMIT_CORE, &noCoreFile);
+        SettingsStore settings(qEnvironmentVariable(childLoadVariable));
+        FakeScreenList screens;
+        screens.list = {monitor(7, QStringLiteral("A"))};
+        DisplaySettingsStore store(settings, screens);
+        return 0;
+    }
     tst_DisplaySettingsStore test;
     QTEST_SET_MAIN_SOURCE_PATH
     return QTest::qExec(&test, argc, argv);

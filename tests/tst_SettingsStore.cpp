@@ -2,144 +2,114 @@
 #include "settings/SettingsStore.h"
 
 #include <QFile>
-#include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QThread>
 
 #include <atomic>
 
+using KeyPosition = AppSettings::KeyPosition;
+using KeyStyle = AppSettings::KeyStyle;
+using KeyAnimationStyle = AppSettings::KeyAnimationStyle;
+
+// The settings file and the table of settings read from it.
 class tst_SettingsStore final : public QObject {
     Q_OBJECT
 
-    QString path(const QTemporaryDir &dir) const { return dir.filePath(QStringLiteral("Vantrel.conf")); }
-
-    static void writeFile(const QString &path, const QByteArray &bytes)
-    {
-        QFile file(path);
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
-    }
-
-    static QByteArray readFile(const QString &path)
-    {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
+    QTemporaryDir m_dir;
+    const QString m_path = m_dir.filePath(QStringLiteral("Vantrel.conf"));
 
 private slots:
-    void missingFileReadsDefaultsAndWritesNothing()
+    void cleanup() { QFile::remove(m_path); }
+
+    void freshStoreYieldsTheDefaultsAndWritesNothing()
     {
-        QTemporaryDir dir;
-        SettingsStore store(path(dir));
-        QCOMPARE(store.value(AppSettings::keyDisplayDuration), 1.5);
-        QCOMPARE(store.value(AppSettings::keyMaxDisplayCount), 4);
-        QCOMPARE(store.value(AppSettings::isVantrelEnabled), true);
-        QVERIFY(!QFile::exists(path(dir)));
+        SettingsStore s(m_path);
+        QCOMPARE(s.value(AppSettings::keyPosition), KeyPosition::bottomCenter);
+        QCOMPARE(s.value(AppSettings::keyStyle), KeyStyle::modern);
+        // Deliberately not the "modern" style's bounce.
+        QCOMPARE(s.value(AppSettings::keyAnimationStyle), KeyAnimationStyle::fadeIn);
+        QVERIFY(!QFile::exists(m_path));
+        s.setValue(AppSettings::keyStyle, KeyStyle::neon);
+        const SettingsStore reopened(m_path);
+        QCOMPARE(reopened.value(AppSettings::keyStyle), KeyStyle::neon);
+        QVERIFY(!reopened.contains(QStringLiteral("keyAnimationStyle")));
     }
 
-    void valuesPersistAcrossInstances()
-    {
-        QTemporaryDir dir;
-        {
-            SettingsStore store(path(dir));
-            store.setValue(AppSettings::keyDisplayDuration, 2.25);
-            store.setValue(AppSettings::keyMaxDisplayCount, 7);
-            store.setValue(AppSettings::showAllKeys, true);
-            store.setValue(AppSettings::keyStyle, AppSettings::KeyStyle::neon);
-            store.setValue(AppSettings::keyTextColor, QStringLiteral("#FF00FFFF"));
-            store.setValue(AppSettings::displayConfigurations, QByteArray(R"([{"id":1}])"));
-        }
-        SettingsStore store(path(dir));
-        QCOMPARE(store.value(AppSettings::keyDisplayDuration), 2.25);
-        QCOMPARE(store.value(AppSettings::keyMaxDisplayCount), 7);
-        QCOMPARE(store.value(AppSettings::showAllKeys), true);
-        QCOMPARE(store.value(AppSettings::keyStyle), AppSettings::KeyStyle::neon);
-        QCOMPARE(store.value(AppSettings::keyTextColor), QStringLiteral("#FF00FFFF"));
-        QCOMPARE(store.value(AppSettings::displayConfigurations), QByteArray(R"([{"id":1}])"));
-        QVERIFY(readFile(path(dir)).contains("[General]"));
-    }
-
-    void wrongTypesReadAsDefaults_data()
+    void corruptFileReadsAsDefaultsAndIsKept_data()
     {
         QTest::addColumn<QByteArray>("file");
-        QTest::newRow("text for a double") << QByteArray("[General]\nkeyDisplayDuration=soon\n");
-        QTest::newRow("text for an integer") << QByteArray("[General]\nkeyMaxDisplayCount=many\n");
-        QTest::newRow("text for a bool") << QByteArray("[General]\nisVantrelEnabled=yes please\n");
-        QTest::newRow("capitalised style") << QByteArray("[General]\nkeyStyle=Modern\n");
-        QTest::newRow("not a number") << QByteArray("[General]\nkeyDisplayDuration=nan\n");
+        QTest::newRow("wrong types and texts")
+            << QByteArray("[General]\nkeyDisplayDuration=soon\nisVantrelEnabled=yes please\n"
+                          "keyStyle=Modern\nkeyPosition=top left\n");
         QTest::newRow("binary garbage") << QByteArray("\x00\xff\xfe[[[=\n\x01\x02=\x03", 15);
-        QTest::newRow("empty file") << QByteArray();
     }
-    void wrongTypesReadAsDefaults()
+    void corruptFileReadsAsDefaultsAndIsKept()
     {
         QFETCH(QByteArray, file);
-        QTemporaryDir dir;
-        writeFile(path(dir), file);
-        SettingsStore store(path(dir));
+        QFile f(m_path);
+        QVERIFY(f.open(QIODevice::WriteOnly) && f.write(file) == file.size());
+        f.close();
+        SettingsStore store(m_path);
         QCOMPARE(store.value(AppSettings::keyDisplayDuration), 1.5);
-        QCOMPARE(store.value(AppSettings::keyMaxDisplayCount), 4);
         QCOMPARE(store.value(AppSettings::isVantrelEnabled), true);
-        QCOMPARE(store.value(AppSettings::keyStyle), AppSettings::KeyStyle::modern);
-        // Reading never rewrites the file.
-        QCOMPARE(readFile(path(dir)), file);
+        QCOMPARE(store.value(AppSettings::keyStyle), KeyStyle::modern);
+        QCOMPARE(store.value(AppSettings::keyPosition), KeyPosition::bottomCenter);
+        QVERIFY(f.open(QIODevice::ReadOnly));
+        QCOMPARE(f.readAll(), file);
+        store.setValue(AppSettings::keySize, 3.0);
+        QCOMPARE(SettingsStore(m_path).value(AppSettings::keySize), 3.0);
     }
 
     void unreadablePathDoesNotCrash()
     {
-        QTemporaryDir dir;
-        QDir(dir.path()).mkdir(QStringLiteral("Vantrel.conf")); // a directory where the file should be
-        SettingsStore store(path(dir));
+        QVERIFY(QDir(m_dir.path()).mkdir(QStringLiteral("Vantrel.conf"))); // a directory instead
+        SettingsStore store(m_path);
         QCOMPARE(store.value(AppSettings::keySize), 2.0);
-    }
-
-    void removeDeletesAndSignalsOnce()
-    {
-        QTemporaryDir dir;
-        SettingsStore store(path(dir));
-        QSignalSpy spy(&store, &SettingsStore::valueChanged);
         store.setValue(AppSettings::keySize, 3.0);
-        store.remove(AppSettings::keySize.name());
-        store.remove(AppSettings::keySize.name()); // absent: nothing happens
-        QCOMPARE(spy.count(), 2);
-        QCOMPARE(spy.at(0).at(0).toString(), QStringLiteral("keySize"));
-        QVERIFY(!store.contains(QStringLiteral("keySize")));
-        QCOMPARE(store.value(AppSettings::keySize), 2.0);
-        SettingsStore reopened(path(dir));
-        QVERIFY(!reopened.contains(QStringLiteral("keySize")));
-    }
-
-    void observeCallsOnlyForItsKey()
-    {
-        QTemporaryDir dir;
-        SettingsStore store(path(dir));
-        int calls = 0;
-        store.observe(QStringLiteral("keySize"), this, [&] { ++calls; });
-        store.setValue(AppSettings::keySpacing, 3.0);
-        store.setValue(AppSettings::keySize, 3.0);
-        QCOMPARE(calls, 1);
+        QVERIFY(QDir(m_dir.path()).rmdir(QStringLiteral("Vantrel.conf")));
     }
 
     void readsFromAnotherThreadWhileWriting()
     {
-        QTemporaryDir dir;
-        SettingsStore store(path(dir));
+        SettingsStore store(m_path);
         std::atomic<bool> stop{false};
         std::atomic<int> bad{0};
-        QThread *reader = QThread::create([&] {
-            while (!stop) {
-                const double v = store.value(AppSettings::keyDisplayDuration);
-                if (v != 1.5 && v != 3.0)
+        std::unique_ptr<QThread> reader(QThread::create([&] {
+            for (double v; !stop;)
+                if (v = store.value(AppSettings::keyDisplayDuration); v != 1.5 && v != 3.0)
                     ++bad;
-            }
-        });
+        }));
         reader->start();
         for (int i = 0; i < 200; ++i)
             store.setValue(AppSettings::keyDisplayDuration, i % 2 ? 1.5 : 3.0);
         stop = true;
         reader->wait();
-        delete reader;
         QCOMPARE(bad.load(), 0);
+    }
+
+    void resetsDeleteExactlyTheirKeys()
+    {
+        const QStringList groups[] = {AppSettings::generalSettingsKeys(),
+                                      AppSettings::keyboardSettingsKeys(),
+                                      AppSettings::appearanceSettingsKeys()};
+        void (*const resets[])(SettingsStore &) = {&AppSettings::resetGeneralSettings,
+                                                   &AppSettings::resetKeyboardSettings,
+                                                   &AppSettings::resetAppearanceSettings};
+        const QStringList all = groups[0] + groups[1] + groups[2] +
+                                QStringList{"showMouseClicks", "menuBarIcon",
+                                            "customKeyStylePresets", "displayConfigurations"};
+        QCOMPARE(all.size(), 4 + 4 + 18 + 4);
+        for (int group = 0; group < 3; ++group) {
+            SettingsStore store(m_path);
+            for (const QString &key : all)
+                store.setRawValue(key, QStringLiteral("x"));
+            resets[group](store);
+            const SettingsStore reopened(m_path);
+            for (const QString &key : all)
+                QCOMPARE(reopened.contains(key), !groups[group].contains(key));
+            QVERIFY(reopened.contains(QStringLiteral("showMouseClicks")));
+        }
     }
 };
 

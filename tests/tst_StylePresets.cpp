@@ -8,19 +8,20 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-#include <bit>
 #include <memory>
 
 using KeyStyle = AppSettings::KeyStyle;
 using KeyAnimationStyle = AppSettings::KeyAnimationStyle;
-
-Q_DECLARE_METATYPE(KeyStyle)
+using Look = AppearanceSettingsSnapshot;
+using Preset = CustomKeyStylePreset;
+using Presets = QList<Preset>;
 
 namespace {
 
 // The look a built-in style leaves in the settings.
-AppearanceSettingsSnapshot snapshotOf(const KeyStylePreset &p)
+Look snapshotOf(KeyStyle style)
 {
+    const KeyStylePreset p = AppSettings::getStylePreset(style);
     return {p.keySize,         p.keySpacing,
             p.keyOpacity,      AppSettings::rawValue(p.keyAnimationStyle),
             p.fontName,        p.textColor,
@@ -38,7 +39,7 @@ class tst_StylePresets final : public QObject {
     Q_OBJECT
 
     QTemporaryDir m_dir;
-    QString m_path;
+    const QString m_path = m_dir.filePath(QStringLiteral("settings.conf"));
     std::unique_ptr<SettingsStore> m_settings;
     std::unique_ptr<CustomKeyStylePresetStore> m_presets;
     std::unique_ptr<StylePresetActions> m_actions;
@@ -52,342 +53,157 @@ class tst_StylePresets final : public QObject {
         m_presets = std::make_unique<CustomKeyStylePresetStore>(*m_settings);
         m_actions = std::make_unique<StylePresetActions>(*m_settings, *m_presets);
     }
-    QByteArray storedPresets() const
+    template <typename... T> static void row(const char *name, const T &...values)
     {
-        return SettingsStore(m_path).value(AppSettings::customKeyStylePresets);
+        (QTest::newRow(name) << ... << values);
     }
+    Look look() const { return Look::fromSettings(*m_settings); }
+    Preset save(const QString &name) { return m_actions->saveCurrentLookAsPreset(name); }
 
 private slots:
     void init()
     {
-        m_path = m_dir.filePath(QStringLiteral("settings.conf"));
         QFile::remove(m_path);
         reopen();
     }
 
-    void builtInStyleSpotChecks()
-    {
-        const KeyStylePreset minimal = AppSettings::getStylePreset(KeyStyle::minimal);
-        QCOMPARE(minimal.borderColor, QStringLiteral("#00000000"));
-        QCOMPARE(minimal.borderWidth, 0.0);
-        QCOMPARE(minimal.keySize, 1.6);
-        QCOMPARE(minimal.keyAnimationStyle, KeyAnimationStyle::none);
-        const KeyStylePreset gaming = AppSettings::getStylePreset(KeyStyle::gaming);
-        QCOMPARE(gaming.fontName, QStringLiteral("Menlo"));
-        QCOMPARE(gaming.shadowColor, QStringLiteral("#00ff0060"));
-        QCOMPARE(gaming.glowRadius, 10.0);
-        const KeyStylePreset neon = AppSettings::getStylePreset(KeyStyle::neon);
-        QCOMPARE(neon.cornerRadius, 15.0);
-        QCOMPARE(neon.keyAnimationStyle, KeyAnimationStyle::slideIn);
-        QCOMPARE(neon.backgroundColor, QStringLiteral("#1a1a1aff"));
-        const KeyStylePreset classic = AppSettings::getStylePreset(KeyStyle::classic);
-        QCOMPARE(classic.glowColor, QStringLiteral("#33333300"));
-        QCOMPARE(classic.textColor, QStringLiteral("#333333ff"));
-        QCOMPARE(classic.keySpacing, 18.0);
-    }
-
     void modernIsTheDefaultLookButForItsAnimation()
     {
-        AppearanceSettingsSnapshot defaults = AppearanceSettingsSnapshot::fromSettings(*m_settings);
-        const AppearanceSettingsSnapshot modern =
-            snapshotOf(AppSettings::getStylePreset(KeyStyle::modern));
+        Look defaults = look();
         QCOMPARE(defaults.keyAnimationStyleRawValue, QStringLiteral("fadeIn"));
-        QCOMPARE(modern.keyAnimationStyleRawValue, QStringLiteral("bounce"));
-        defaults.keyAnimationStyleRawValue = modern.keyAnimationStyleRawValue;
-        QVERIFY(defaults == modern);
+        defaults.keyAnimationStyleRawValue = QStringLiteral("bounce");
+        QVERIFY(defaults == snapshotOf(KeyStyle::modern));
     }
 
     void presetNames_data()
     {
         QTest::addColumn<QString>("typed");
         QTest::addColumn<QString>("stored");
-        QTest::newRow("long, blanks around")
-            << QStringLiteral("   My very long preset name  ") << QStringLiteral("My very lo");
-        QTest::newRow("cut ends in a blank")
-            << QStringLiteral("abcdefghi jkl") << QStringLiteral("abcdefghi");
-        QTest::newRow("exactly ten")
-            << QStringLiteral("0123456789") << QStringLiteral("0123456789");
-        QTest::newRow("short") << QStringLiteral("\tNeon 2\n") << QStringLiteral("Neon 2");
-        QTest::newRow("empty") << QString() << QStringLiteral("Preset");
-        QTest::newRow("all blank") << QStringLiteral(" \t\n\r ") << QStringLiteral("Preset");
+        row("long, blanks around", "   My very long preset name  ", "My very lo");
+        row("cut ends in a blank", "abcdefghi jkl", "abcdefghi");
+        row("exactly ten", "0123456789", "0123456789");
+        row("empty", "", "Preset");
         // Characters as a reader counts them: an accent or a flag is never cut in half.
-        QTest::newRow("combining accents") << QString(QStringLiteral("e\u0301")).repeated(12)
-                                           << QString(QStringLiteral("e\u0301")).repeated(10);
-        QTest::newRow("flags") << QStringLiteral("🇩🇪🇫🇷🇮🇹🇪🇸🇵🇹🇳🇱🇧🇪🇦🇹🇨🇭🇩🇰🇸🇪")
-                               << QStringLiteral("🇩🇪🇫🇷🇮🇹🇪🇸🇵🇹🇳🇱🇧🇪🇦🇹🇨🇭🇩🇰");
+        row("combining accents", QStringLiteral("e\u0301").repeated(12),
+            QStringLiteral("e\u0301").repeated(10));
+        row("flags", "🇩🇪🇫🇷🇮🇹🇪🇸🇵🇹🇳🇱🇧🇪🇦🇹🇨🇭🇩🇰🇸🇪", "🇩🇪🇫🇷🇮🇹🇪🇸🇵🇹🇳🇱🇧🇪🇦🇹🇨🇭🇩🇰");
     }
     void presetNames()
     {
         QFETCH(QString, typed);
         QFETCH(QString, stored);
-        QCOMPARE(m_actions->saveCurrentLookAsPreset(typed).name, stored);
+        QCOMPARE(save(typed).name, stored);
         reopen();
         QCOMPARE(m_presets->presets().size(), 1);
         QCOMPARE(m_presets->presets().first().name, stored);
     }
 
-    void savingKeepsTheCurrentLookAndSelectsIt()
+    void savedPresetsLoadExactlyAndTheLastIsSelected()
     {
         m_actions->applyBuiltInStyle(KeyStyle::gaming);
-        m_settings->setValue(AppSettings::keyTextColor, QStringLiteral("#FF0000FF"));
-        QSignalSpy changed(m_presets.get(), &CustomKeyStylePresetStore::presetsChanged);
-
-        const CustomKeyStylePreset first =
-            m_actions->saveCurrentLookAsPreset(QStringLiteral("Red"));
-        const CustomKeyStylePreset second =
-            m_actions->saveCurrentLookAsPreset(QStringLiteral("Red"));
-
-        QCOMPARE(changed.count(), 2);
-        QVERIFY(first.id != second.id);
-        QCOMPARE(first.name, second.name);
-        QCOMPARE(first.snapshot.keyTextColor, QStringLiteral("#FF0000FF"));
-        QCOMPARE(first.snapshot.keyFont, QStringLiteral("Menlo"));
+        Presets saved;
+        for (const double opacity :
+             {0.1, 1.0 / 3.0, 2.0000000000000004, 5e-324, 1.7976931348623157e308}) {
+            m_settings->setValue(AppSettings::keyOpacity, opacity);
+            saved << save(QStringLiteral("Same"));
+            QCOMPARE(saved.last().snapshot, look());
+        }
+        QVERIFY(saved.at(0).id != saved.at(1).id);
         QCOMPARE(m_settings->value(AppSettings::selectedCustomPresetID),
-                 second.id.toString(QUuid::WithoutBraces).toUpper());
-
+                 saved.last().id.toString(QUuid::WithoutBraces).toUpper());
         reopen();
-        QCOMPARE(m_presets->presets(), (QList<CustomKeyStylePreset>{first, second}));
-        QVERIFY(m_actions->isCustomPresetSelected(second.id));
-        QVERIFY(!m_actions->isCustomPresetSelected(first.id));
-    }
-
-    void storedFormIsCompactAndOrdered()
-    {
-        const CustomKeyStylePreset preset{
-            QUuid(QStringLiteral("{0f8fad5b-d9cb-469f-a165-70867728950e}")),
-            QStringLiteral("A \"b\""), AppearanceSettingsSnapshot::fromSettings(*m_settings)};
-        m_presets->addPreset(preset);
-        QCOMPARE(
-            storedPresets(),
-            QByteArray(
-                "[{\"id\":\"0F8FAD5B-D9CB-469F-A165-70867728950E\",\"name\":\"A \\\"b\\\"\","
-                "\"snapshot\":{\"keySize\":2,\"keySpacing\":20,\"keyOpacity\":0.9,"
-                "\"keyAnimationStyleRawValue\":\"fadeIn\",\"keyFont\":\"SF Pro Display\","
-                "\"keyTextColor\":\"#000000ff\",\"keyBackgroundColor\":\"#ffffffff\","
-                "\"keyBorderColor\":\"#ccccccff\",\"keyBorderWidth\":1,\"keyCornerRadius\":12,"
-                "\"keyShadowEnabled\":true,\"keyShadowRadius\":4,\"keyShadowColor\":\"#00000040\","
-                "\"keyGlowEnabled\":false,\"keyGlowColor\":\"#007AFFff\",\"keyGlowRadius\":8}}]"));
-    }
-
-    void doublesRoundTripExactly_data()
-    {
-        QTest::addColumn<double>("value");
-        QTest::newRow("0.1") << 0.1;
-        QTest::newRow("1/3") << 1.0 / 3.0;
-        QTest::newRow("next after 2") << 2.0000000000000004;
-        QTest::newRow("0.9") << 0.9;
-        QTest::newRow("tiny") << 5e-324;
-        QTest::newRow("huge") << 1.7976931348623157e308;
-        QTest::newRow("negative") << -123.456789012345678;
-        QTest::newRow("2^53 + 2") << 9007199254740994.0;
-    }
-    void doublesRoundTripExactly()
-    {
-        QFETCH(double, value);
-        m_settings->setValue(AppSettings::keyOpacity, value);
-        m_actions->saveCurrentLookAsPreset(QStringLiteral("x"));
-        reopen();
-        QCOMPARE(m_presets->presets().size(), 1);
-        // Bit for bit, not within a tolerance.
-        QCOMPARE(std::bit_cast<quint64>(m_presets->presets().first().snapshot.keyOpacity),
-                 std::bit_cast<quint64>(value));
+        // Doubles included, bit for bit.
+        QCOMPARE(m_presets->presets(), saved);
+        QVERIFY(m_actions->isCustomPresetSelected(saved.last().id));
+        QVERIFY(!m_actions->isCustomPresetSelected(saved.first().id));
+        m_settings->setValue(AppSettings::selectedCustomPresetID,
+                             Preset::uuidText(saved.first().id).toLower());
+        QVERIFY(m_actions->isCustomPresetSelected(saved.first().id));
+        QVERIFY(!m_actions->isBuiltInStyleSelected(KeyStyle::gaming));
     }
 
     void brokenStoredListLoadsEmptyAndIsKept_data()
     {
         QTest::addColumn<QByteArray>("data");
-        const CustomKeyStylePreset good{QUuid::createUuid(), QStringLiteral("Good"),
-                                        AppearanceSettingsSnapshot{}};
-        const QByteArray goodJson =
-            CustomKeyStylePresetStore::encode({good}).value().mid(1).chopped(1);
-        QByteArray noGlowRadius = goodJson;
-        noGlowRadius.replace(",\"keyGlowRadius\":0", "");
-        QVERIFY(noGlowRadius != goodJson);
-
-        QTest::newRow("one lacks keyGlowRadius") << '[' + goodJson + ',' + noGlowRadius + ']';
-        QTest::newRow("malformed") << QByteArray("[{\"id\":");
-        QTest::newRow("not an array") << goodJson;
-        QTest::newRow("number as text")
-            << '[' + QByteArray(goodJson).replace("\"keySize\":0", "\"keySize\":\"0\"") + ']';
-        QTest::newRow("flag as number")
-            << '[' +
-                   QByteArray(goodJson).replace("\"keyGlowEnabled\":false",
-                                                "\"keyGlowEnabled\":0") +
-                   ']';
-        QTest::newRow("id is no UUID")
-            << '[' + QByteArray(goodJson).replace("\"id\":\"", "\"id\":\"X") + ']';
-        QTest::newRow("id in braces") << '[' +
-                                             QByteArray(goodJson)
-                                                 .replace("\"id\":\"", "\"id\":\"{")
-                                                 .replace("\",\"name\"", "}\",\"name\"") +
-                                             ']';
-        QTest::newRow("no snapshot")
-            << QByteArray("[{\"id\":\"0F8FAD5B-D9CB-469F-A165-70867728950E\",\"name\":\"n\"}]");
+        QByteArray good = *CustomKeyStylePresetStore::encode({{QUuid::createUuid(), "Good", {}}});
+        good = good.mid(1).chopped(1); // the one entry
+        const auto broken = [&](const char *from, const char *to) {
+            const QByteArray bad = QByteArray(good).replace(from, to);
+            return bad == good ? QByteArray() : '[' + good + ',' + bad + ']';
+        };
+        row("one lacks keyGlowRadius", broken(",\"keyGlowRadius\":0", ""));
+        row("number as text", broken("\"keySize\":0", "\"keySize\":\"0\""));
+        row("flag as number", broken("\"keyGlowEnabled\":false", "\"keyGlowEnabled\":0"));
+        row("id is no UUID", broken("\"id\":\"", "\"id\":\"X"));
+        row("malformed", QByteArray("[{\"id\":"));
+        row("not an array", good);
     }
     void brokenStoredListLoadsEmptyAndIsKept()
     {
         QFETCH(QByteArray, data);
+        QVERIFY(!data.isEmpty());
         m_settings->setValue(AppSettings::customKeyStylePresets, data);
         reopen();
         QVERIFY(m_presets->presets().isEmpty());
-        QCOMPARE(storedPresets(), data);
-
+        QCOMPARE(m_settings->value(AppSettings::customKeyStylePresets), data);
         // The next save replaces the unreadable data.
-        const CustomKeyStylePreset added =
-            m_actions->saveCurrentLookAsPreset(QStringLiteral("New"));
+        const Preset added = save(QStringLiteral("New"));
         reopen();
-        QCOMPARE(m_presets->presets(), QList<CustomKeyStylePreset>{added});
+        QCOMPARE(m_presets->presets(), Presets{added});
     }
 
-    void removingAnUnknownIdWritesNothing()
+    void applyingAPresetThenAStyle()
     {
-        const CustomKeyStylePreset kept =
-            m_actions->saveCurrentLookAsPreset(QStringLiteral("Kept"));
+        const std::pair<QString, KeyAnimationStyle> animations[] = {
+            {"wobble", KeyAnimationStyle::none},
+            {"scaleIn", KeyAnimationStyle::scaleIn},
+            {"FadeIn", KeyAnimationStyle::none}};
+        m_actions->applyBuiltInStyle(KeyStyle::neon);
+        for (const auto &[text, applied] : animations) {
+            Look preset = snapshotOf(KeyStyle::classic);
+            preset.keyAnimationStyleRawValue = text;
+            const Preset p{QUuid::createUuid(), "P", preset};
+            m_presets->addPreset(p);
+            m_actions->applyCustomPreset(p);
+            QCOMPARE(m_settings->value(AppSettings::keyAnimationStyle), applied);
+            QCOMPARE(m_settings->value(AppSettings::keyStyle), KeyStyle::neon);
+            Look now = look();
+            now.keyAnimationStyleRawValue = text;
+            QVERIFY(now == preset);
+            QVERIFY(m_actions->isCustomPresetSelected(p.id));
+            QVERIFY(!m_actions->isBuiltInStyleSelected(KeyStyle::neon));
+        }
+        // Choosing a style deselects the preset and never touches saved presets.
+        m_settings->setValue(AppSettings::keyTextColor, QString());
+        m_actions->applyBuiltInStyle(KeyStyle::gaming);
+        QVERIFY(look() == snapshotOf(KeyStyle::gaming));
+        QCOMPARE(m_settings->value(AppSettings::selectedCustomPresetID), QString());
+        QVERIFY(m_actions->isBuiltInStyleSelected(KeyStyle::gaming));
+        QCOMPARE(m_presets->presets().size(), 3);
+    }
+
+    void deletingPresets()
+    {
+        m_actions->applyBuiltInStyle(KeyStyle::neon);
+        const Preset doomed = save(QStringLiteral("Doomed"));
+        const Preset other = save(QStringLiteral("Other"));
+        m_actions->applyCustomPreset(doomed);
+        const Look before = look();
         QSignalSpy written(m_settings.get(), &SettingsStore::valueChanged);
         QSignalSpy changed(m_presets.get(), &CustomKeyStylePresetStore::presetsChanged);
-        m_presets->removePreset(QUuid::createUuid());
         m_actions->deletePreset(QUuid::createUuid());
-        QCOMPARE(written.count(), 0);
-        QCOMPARE(changed.count(), 0);
-        QCOMPARE(m_presets->presets(), QList<CustomKeyStylePreset>{kept});
-
-        m_presets->removePreset(kept.id);
-        QCOMPARE(written.count(), 1);
+        QCOMPARE(written.count() + changed.count(), 0);
+        m_actions->deletePreset(other.id);
         QCOMPARE(changed.count(), 1);
+        QVERIFY(look() == before);
+        QVERIFY(m_actions->isCustomPresetSelected(doomed.id));
+        m_actions->deletePreset(doomed.id);
         reopen();
         QVERIFY(m_presets->presets().isEmpty());
-    }
-
-    void applyingAPreset_data()
-    {
-        QTest::addColumn<QString>("animation");
-        QTest::addColumn<KeyAnimationStyle>("applied");
-        QTest::newRow("known") << QStringLiteral("scaleIn") << KeyAnimationStyle::scaleIn;
-        QTest::newRow("unknown word") << QStringLiteral("wobble") << KeyAnimationStyle::none;
-        QTest::newRow("wrong case") << QStringLiteral("FadeIn") << KeyAnimationStyle::none;
-        QTest::newRow("empty") << QString() << KeyAnimationStyle::none;
-    }
-    void applyingAPreset()
-    {
-        QFETCH(QString, animation);
-        QFETCH(KeyAnimationStyle, applied);
-        m_actions->applyBuiltInStyle(KeyStyle::neon);
-        AppearanceSettingsSnapshot look =
-            snapshotOf(AppSettings::getStylePreset(KeyStyle::classic));
-        look.keyAnimationStyleRawValue = animation;
-        look.keyTextColor = QStringLiteral("#12345678");
-        const CustomKeyStylePreset preset{QUuid::createUuid(), QStringLiteral("P"), look};
-        m_presets->addPreset(preset);
-
-        m_actions->applyCustomPreset(preset);
-
-        QCOMPARE(m_settings->value(AppSettings::keyAnimationStyle), applied);
-        QCOMPARE(m_settings->value(AppSettings::keyStyle), KeyStyle::neon);
-        QCOMPARE(m_settings->value(AppSettings::selectedCustomPresetID),
-                 CustomKeyStylePreset::uuidText(preset.id));
-        AppearanceSettingsSnapshot now = AppearanceSettingsSnapshot::fromSettings(*m_settings);
-        QCOMPARE(now.keyTextColor, QStringLiteral("#12345678"));
-        now.keyAnimationStyleRawValue = look.keyAnimationStyleRawValue;
-        QVERIFY(now == look);
-        QVERIFY(m_actions->isCustomPresetSelected(preset.id));
-        QVERIFY(!m_actions->isBuiltInStyleSelected(KeyStyle::neon));
-    }
-
-    void applyingABuiltInStyle_data()
-    {
-        QTest::addColumn<KeyStyle>("style");
-        for (const KeyStyle style : AppSettings::allCases<KeyStyle>())
-            QTest::newRow(qPrintable(AppSettings::rawValue(style))) << style;
-    }
-    void applyingABuiltInStyle()
-    {
-        QFETCH(KeyStyle, style);
-        const CustomKeyStylePreset preset = m_actions->saveCurrentLookAsPreset(QStringLiteral("P"));
-        m_settings->setValue(AppSettings::keyTextColor, QString());
-
-        m_actions->applyBuiltInStyle(style);
-
-        QCOMPARE(m_settings->value(AppSettings::keyStyle), style);
+        // The preset in use goes back to modern, not to the neon style stored last.
+        QVERIFY(look() == snapshotOf(KeyStyle::modern));
+        QCOMPARE(m_settings->value(AppSettings::keyStyle), KeyStyle::modern);
         QCOMPARE(m_settings->value(AppSettings::selectedCustomPresetID), QString());
-        QVERIFY(AppearanceSettingsSnapshot::fromSettings(*m_settings) ==
-                snapshotOf(AppSettings::getStylePreset(style)));
-        QVERIFY(m_actions->isBuiltInStyleSelected(style));
-        QVERIFY(!m_actions->isCustomPresetSelected(preset.id));
-        // Saved presets are never touched by choosing a style.
-        QCOMPARE(m_presets->presets(), QList<CustomKeyStylePreset>{preset});
-    }
-
-    void deletingThePresetInUse_data()
-    {
-        QTest::addColumn<bool>("selected");
-        QTest::newRow("selected one") << true;
-        QTest::newRow("another one") << false;
-    }
-    void deletingThePresetInUse()
-    {
-        QFETCH(bool, selected);
-        m_actions->applyBuiltInStyle(KeyStyle::neon);
-        const CustomKeyStylePreset doomed =
-            m_actions->saveCurrentLookAsPreset(QStringLiteral("Doomed"));
-        const CustomKeyStylePreset other =
-            m_actions->saveCurrentLookAsPreset(QStringLiteral("Other"));
-        if (selected)
-            m_actions->applyCustomPreset(doomed);
-        const AppearanceSettingsSnapshot before =
-            AppearanceSettingsSnapshot::fromSettings(*m_settings);
-
-        m_actions->deletePreset(doomed.id);
-
-        QCOMPARE(m_presets->presets(), QList<CustomKeyStylePreset>{other});
-        const AppearanceSettingsSnapshot after =
-            AppearanceSettingsSnapshot::fromSettings(*m_settings);
-        if (selected) {
-            // Back to modern, not to the neon style stored last.
-            QVERIFY(after == snapshotOf(AppSettings::getStylePreset(KeyStyle::modern)));
-            QCOMPARE(m_settings->value(AppSettings::keyStyle), KeyStyle::modern);
-            QCOMPARE(m_settings->value(AppSettings::selectedCustomPresetID), QString());
-        } else {
-            QVERIFY(after == before);
-            QCOMPARE(m_settings->value(AppSettings::keyStyle), KeyStyle::neon);
-            QVERIFY(m_actions->isCustomPresetSelected(other.id));
-        }
-    }
-
-    void markedTile_data()
-    {
-        QTest::addColumn<QString>("selectedID"); // "<preset>" stands for the saved preset's id
-        QTest::addColumn<QString>("keyStyle");
-        QTest::addColumn<bool>("gamingMarked");
-        QTest::addColumn<bool>("presetMarked");
-        QTest::newRow("no preset, gaming") << QString() << "gaming" << true << false;
-        QTest::newRow("no preset, neon") << QString() << "neon" << false << false;
-        QTest::newRow("preset id") << "<preset>"
-                                   << "gaming" << false << true;
-        QTest::newRow("preset id, lower case") << "<preset-lower>"
-                                               << "gaming" << false << true;
-        QTest::newRow("id of a deleted preset") << "0F8FAD5B-D9CB-469F-A165-70867728950E"
-                                                << "gaming" << false << false;
-        QTest::newRow("not an id") << "garbage"
-                                   << "gaming" << true << false;
-        QTest::newRow("id in braces") << "{0F8FAD5B-D9CB-469F-A165-70867728950E}"
-                                      << "gaming" << true << false;
-    }
-    void markedTile()
-    {
-        QFETCH(QString, selectedID);
-        QFETCH(QString, keyStyle);
-        QFETCH(bool, gamingMarked);
-        QFETCH(bool, presetMarked);
-        const CustomKeyStylePreset preset = m_actions->saveCurrentLookAsPreset(QStringLiteral("P"));
-        const QString presetID = CustomKeyStylePreset::uuidText(preset.id);
-        selectedID.replace(QStringLiteral("<preset-lower>"), presetID.toLower());
-        selectedID.replace(QStringLiteral("<preset>"), presetID);
-        m_settings->setValue(AppSettings::selectedCustomPresetID, selectedID);
-        m_settings->setRawValue(QStringLiteral("keyStyle"), keyStyle);
-
-        QCOMPARE(m_actions->isBuiltInStyleSelected(KeyStyle::gaming), gamingMarked);
-        QCOMPARE(m_actions->isCustomPresetSelected(preset.id), presetMarked);
-        QVERIFY(!m_actions->isBuiltInStyleSelected(KeyStyle::classic));
     }
 };
 

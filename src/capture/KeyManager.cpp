@@ -75,6 +75,11 @@ KeyManager::KeyManager(SettingsStore &settings, std::unique_ptr<CaptureBackend> 
 
 KeyManager::~KeyManager()
 {
+    {
+        const std::lock_guard lock(m_pendingMutex);
+        m_shuttingDown = true;
+    }
+    m_pendingDrained.notify_all();
     stopListening();
     enqueue(Task::quit);
     m_captureThread.join();
@@ -255,7 +260,12 @@ void KeyManager::post(PendingChange change)
 {
     bool postDelivery = false;
     {
-        const std::lock_guard lock(m_pendingMutex);
+        std::unique_lock lock(m_pendingMutex);
+        // A main thread far behind (a flood of events on a busy machine) holds the capture back
+        // rather than letting the backlog, and the memory it takes, grow without bound.
+        m_pendingDrained.wait(lock, [this] {
+            return m_pending.size() < maxPendingChanges || m_shuttingDown;
+        });
         m_pending.push_back(std::move(change));
         postDelivery = !m_applyPosted;
         m_applyPosted = true;
@@ -293,6 +303,7 @@ void KeyManager::applyPendingChanges()
         m_applying.swap(m_pending);
         m_applyPosted = false;
     }
+    m_pendingDrained.notify_all();
     bool keysChanged = false;
     for (PendingChange &change : m_applying) {
         switch (change.kind) {

@@ -166,7 +166,10 @@ private:
     std::thread m_captureThread;
 
     // Changes on their way to the main thread; one delivery is posted per batch.
+    static constexpr std::size_t maxPendingChanges = 4096;
     std::mutex m_pendingMutex;
+    std::condition_variable m_pendingDrained;
+    bool m_shuttingDown = false; // no more waiting for the main thread
     std::vector<PendingChange> m_pending;
     bool m_applyPosted = false;
     std::vector<PendingChange> m_applying; // main thread

@@ -1,4 +1,5 @@
 #include "platform/x11/X11CaptureBackend.h"
+#include "platform/x11/XkbEventHead.h"
 
 #include "capture/KeyCode.h"
 #include "platform/linux/EvdevKeyCodeTable.h"
@@ -31,14 +32,6 @@ constexpr int evdevOffset = 8;
 constexpr quint32 leftButton = 1;
 constexpr quint32 rightButton = 3;
 
-// The common head of every XKB event: the XKB event type follows the response type.
-struct XkbEventHead {
-    quint8 responseType;
-    quint8 xkbType;
-    quint16 sequence;
-    xcb_timestamp_t time;
-    quint8 deviceID;
-};
 
 struct FreeDeleter {
     void operator()(void *pointer) const { std::free(pointer); }

@@ -1,4 +1,5 @@
 #include "platform/x11/X11KeyboardLayoutMonitor.h"
+#include "platform/x11/XkbEventHead.h"
 
 #include "platform/linux/XkbKeyboardLayoutSource.h"
 
@@ -15,18 +16,6 @@
 
 #include <cstdlib>
 
-namespace {
-
-// The common head of every XKB event: the XKB event type follows the response type.
-struct XkbEventHead {
-    quint8 responseType;
-    quint8 xkbType;
-    quint16 sequence;
-    xcb_timestamp_t time;
-    quint8 deviceID;
-};
-
-} // namespace
 
 std::unique_ptr<X11KeyboardLayoutMonitor>
 X11KeyboardLayoutMonitor::create(const QByteArray &displayName)
