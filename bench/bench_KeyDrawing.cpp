@@ -41,7 +41,7 @@ int main(int argc, char **argv)
     store.setValue(AppSettings::keySize, 3.0);
     store.setValue(AppSettings::keySpacing, 0.0); // 20 caps of 96 fill the 1920 width
     store.setValue(AppSettings::keyAnimationStyle, AppSettings::KeyAnimationStyle::none);
-        store.setValue(AppSettings::keyOpacity, 1.0);
+    store.setValue(AppSettings::keyOpacity, 1.0);
 
     constexpr int capCount = 20;
     KeyDisplayView view(store);

@@ -26,11 +26,12 @@ VantrelApp::VantrelApp(SettingsStore &settings, QObject *parent)
     m_windowFactory = std::make_unique<KeyDisplayOverlayWindowFactory>(displayStore, settings,
                                                                        m_compositor.get());
     m_keyManager = std::make_unique<KeyManager>(
-        settings, Platform::createCaptureBackend(m_layoutSource), KeyboardLayoutTranslator::shared(),
-        &displayStore, m_windowFactory.get());
+        settings, Platform::createCaptureBackend(m_layoutSource),
+        KeyboardLayoutTranslator::shared(), &displayStore, m_windowFactory.get());
     m_windowFactory->setKeyManager(m_keyManager.get());
 
-    connect(m_keyManager.get(), &KeyManager::isListeningChanged, this, &VantrelApp::reportListening);
+    connect(m_keyManager.get(), &KeyManager::isListeningChanged, this,
+            &VantrelApp::reportListening);
     if (!m_keyManager->hasInputMonitoringPermission())
         std::fprintf(stderr, "vantrel: cannot listen to the keyboard: %s\n",
                      qPrintable(m_keyManager->inputMonitoringProblem()));

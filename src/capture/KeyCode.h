@@ -42,7 +42,7 @@ enum : unsigned long long {
     CapsLock = 0x10000,
     Shift = 0x20000,
     Control = 0x40000,
-    Option = 0x80000,  // Alt and AltGr
+    Option = 0x80000,   // Alt and AltGr
     Command = 0x100000, // Super / Meta
 };
 } // namespace ModifierFlag

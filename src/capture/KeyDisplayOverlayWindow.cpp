@@ -21,8 +21,8 @@ KeyDisplayOverlayWindow::KeyDisplayOverlayWindow(quint32 displayID, KeyManager &
                                                  SettingsStore &settings,
                                                  CompositorWatcher *compositor)
     : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint |
-                           Qt::WindowTransparentForInput | Qt::WindowDoesNotAcceptFocus |
-                           Qt::Tool | Qt::X11BypassWindowManagerHint),
+                           Qt::WindowTransparentForInput | Qt::WindowDoesNotAcceptFocus | Qt::Tool |
+                           Qt::X11BypassWindowManagerHint),
       m_displayID(displayID), m_view(std::make_unique<KeyDisplayView>(settings))
 {
     setWindowTitle(QStringLiteral("Vantrel"));
@@ -126,8 +126,8 @@ void KeyDisplayOverlayWindow::renderShapedFrame()
     // glows, which would show as dark fringes without blending. The shape is built from the
     // kept runs of each pixel row, rows with the same runs merged into one band.
     QList<QRect> rects;
-    QList<QRect> band;   // runs of the current band, at its first row
-    QList<QRect> runs;   // runs of the current row
+    QList<QRect> band; // runs of the current band, at its first row
+    QList<QRect> runs; // runs of the current row
     const auto flush = [&](int bandEnd) {
         for (QRect r : band) {
             r.setBottom(bandEnd);
@@ -157,11 +157,11 @@ void KeyDisplayOverlayWindow::renderShapedFrame()
         }
         if (runStart >= 0)
             runs.append(QRect(runStart, y, frame.width() - runStart, 1));
-        const bool sameRuns =
-            runs.size() == band.size() &&
-            std::equal(runs.cbegin(), runs.cend(), band.cbegin(), [](const QRect &a, const QRect &b) {
-                return a.left() == b.left() && a.right() == b.right();
-            });
+        const bool sameRuns = runs.size() == band.size() &&
+                              std::equal(runs.cbegin(), runs.cend(), band.cbegin(),
+                                         [](const QRect &a, const QRect &b) {
+                                             return a.left() == b.left() && a.right() == b.right();
+                                         });
         if (!sameRuns) {
             flush(y - 1);
             band = runs;
@@ -174,7 +174,8 @@ void KeyDisplayOverlayWindow::renderShapedFrame()
         // The runs are in device pixels; the shape is in window coordinates.
         QRegion scaled;
         for (const QRect &r : shape)
-            scaled += QRectF(QPointF(r.topLeft()) / ratio, QSizeF(r.size()) / ratio).toAlignedRect();
+            scaled +=
+                QRectF(QPointF(r.topLeft()) / ratio, QSizeF(r.size()) / ratio).toAlignedRect();
         shape = scaled;
     }
     shape.translate(m_shapedRect.topLeft());

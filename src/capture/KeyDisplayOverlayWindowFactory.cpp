@@ -6,15 +6,14 @@ KeyDisplayOverlayWindowFactory::KeyDisplayOverlayWindowFactory(DisplaySettingsSt
                                                                SettingsStore &settings,
                                                                CompositorWatcher *compositor)
     : m_displayStore(displayStore), m_settings(settings), m_compositor(compositor)
-{
-}
+{}
 
 std::unique_ptr<KeyDisplayWindow>
 KeyDisplayOverlayWindowFactory::createWindow(quint32 displayID, const QRect &screenFrame)
 {
     Q_ASSERT(m_keyManager);
-    auto window = std::make_unique<KeyDisplayOverlayWindow>(displayID, *m_keyManager,
-                                                            m_displayStore, m_settings, m_compositor);
+    auto window = std::make_unique<KeyDisplayOverlayWindow>(
+        displayID, *m_keyManager, m_displayStore, m_settings, m_compositor);
     window->setGeometry(screenFrame);
     return window;
 }

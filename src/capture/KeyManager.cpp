@@ -263,9 +263,8 @@ void KeyManager::post(PendingChange change)
         std::unique_lock lock(m_pendingMutex);
         // A main thread far behind (a flood of events on a busy machine) holds the capture back
         // rather than letting the backlog, and the memory it takes, grow without bound.
-        m_pendingDrained.wait(lock, [this] {
-            return m_pending.size() < maxPendingChanges || m_shuttingDown;
-        });
+        m_pendingDrained.wait(
+            lock, [this] { return m_pending.size() < maxPendingChanges || m_shuttingDown; });
         m_pending.push_back(std::move(change));
         postDelivery = !m_applyPosted;
         m_applyPosted = true;
@@ -529,7 +528,8 @@ void KeyManager::updateDisplayWindows()
         const std::optional<ScreenList::Screen> screen = screens.screen(id);
         if (!screen)
             continue; // made when the display is connected again
-        std::unique_ptr<KeyDisplayWindow> window = m_windowFactory->createWindow(id, screen->geometry);
+        std::unique_ptr<KeyDisplayWindow> window =
+            m_windowFactory->createWindow(id, screen->geometry);
         position(*window, id);
         window->orderFront();
         windows.emplace(id, std::move(window));

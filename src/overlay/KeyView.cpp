@@ -88,8 +88,8 @@ QMarginsF KeyView::visualMargins() const
 void KeyView::paintContent(QPainter &painter, const QPointF &center, const Content &content)
 {
     const QRectF rect(center.x() - content.contentSize.width() / 2.0,
-                      center.y() - content.contentSize.height() / 2.0,
-                      content.contentSize.width(), content.contentSize.height());
+                      center.y() - content.contentSize.height() / 2.0, content.contentSize.width(),
+                      content.contentSize.height());
     const auto &category = content.keyPress.category;
     if (category.isMouse()) {
         const MouseClickIndicatorView glyph(category.button(), content.snapshot.textColor,

@@ -17,7 +17,8 @@ QString Platform::displayProblem()
     const bool failed = xcb_connection_has_error(connection) != 0;
     xcb_disconnect(connection);
     if (failed)
-        return QStringLiteral("cannot open X11 display \"%1\"").arg(QString::fromLocal8Bit(display));
+        return QStringLiteral("cannot open X11 display \"%1\"")
+            .arg(QString::fromLocal8Bit(display));
     return {};
 }
 

@@ -146,12 +146,12 @@ QStringList AppSettings::keyboardSettingsKeys()
 QStringList AppSettings::appearanceSettingsKeys()
 {
     // The saved custom presets are kept; only the current look is reset.
-    return {keyStyle.name(),           keySize.name(),          keySpacing.name(),
-            keyCornerRadius.name(),    keyOpacity.name(),       keyAnimationStyle.name(),
-            keyFont.name(),            keyTextColor.name(),     keyBackgroundColor.name(),
-            keyBorderColor.name(),     keyBorderWidth.name(),   keyShadowEnabled.name(),
-            keyShadowRadius.name(),    keyShadowColor.name(),   keyGlowEnabled.name(),
-            keyGlowColor.name(),       keyGlowRadius.name(),    selectedCustomPresetID.name()};
+    return {keyStyle.name(),        keySize.name(),        keySpacing.name(),
+            keyCornerRadius.name(), keyOpacity.name(),     keyAnimationStyle.name(),
+            keyFont.name(),         keyTextColor.name(),   keyBackgroundColor.name(),
+            keyBorderColor.name(),  keyBorderWidth.name(), keyShadowEnabled.name(),
+            keyShadowRadius.name(), keyShadowColor.name(), keyGlowEnabled.name(),
+            keyGlowColor.name(),    keyGlowRadius.name(),  selectedCustomPresetID.name()};
 }
 
 namespace {

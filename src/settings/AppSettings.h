@@ -20,7 +20,15 @@ struct KeyStylePreset;
 class AppSettings final {
 public:
     enum class KeyStyle { modern, classic, minimal, gaming, neon };
-    enum class KeyPosition { topLeft, topCenter, topRight, bottomLeft, bottomCenter, bottomRight, custom };
+    enum class KeyPosition {
+        topLeft,
+        topCenter,
+        topRight,
+        bottomLeft,
+        bottomCenter,
+        bottomRight,
+        custom
+    };
     enum class KeyAnimationStyle { none, fadeIn, scaleIn, slideIn, bounce };
 
     // Raw values: the stored texts of the enumeration cases (also shown to the user for positions).
@@ -69,18 +77,23 @@ public:
     static inline const Setting<QString> keyTextColor{"keyTextColor", QStringLiteral("#000000ff")};
     static inline const Setting<QString> keyBackgroundColor{"keyBackgroundColor",
                                                             QStringLiteral("#ffffffff")};
-    static inline const Setting<QString> keyBorderColor{"keyBorderColor", QStringLiteral("#ccccccff")};
+    static inline const Setting<QString> keyBorderColor{"keyBorderColor",
+                                                        QStringLiteral("#ccccccff")};
     static inline const Setting<double> keyBorderWidth{"keyBorderWidth", 1.0};
     static inline const Setting<bool> keyShadowEnabled{"keyShadowEnabled", true};
     static inline const Setting<double> keyShadowRadius{"keyShadowRadius", 4.0};
-    static inline const Setting<QString> keyShadowColor{"keyShadowColor", QStringLiteral("#00000040")};
+    static inline const Setting<QString> keyShadowColor{"keyShadowColor",
+                                                        QStringLiteral("#00000040")};
     static inline const Setting<bool> keyGlowEnabled{"keyGlowEnabled", false};
     static inline const Setting<QString> keyGlowColor{"keyGlowColor", QStringLiteral("#007AFFff")};
     static inline const Setting<double> keyGlowRadius{"keyGlowRadius", 8.0};
-    static inline const Setting<QString> selectedCustomPresetID{"selectedCustomPresetID", QString()};
+    static inline const Setting<QString> selectedCustomPresetID{"selectedCustomPresetID",
+                                                                QString()};
     // JSON arrays; absent by default.
-    static inline const Setting<QByteArray> customKeyStylePresets{"customKeyStylePresets", QByteArray()};
-    static inline const Setting<QByteArray> displayConfigurations{"displayConfigurations", QByteArray()};
+    static inline const Setting<QByteArray> customKeyStylePresets{"customKeyStylePresets",
+                                                                  QByteArray()};
+    static inline const Setting<QByteArray> displayConfigurations{"displayConfigurations",
+                                                                  QByteArray()};
 
     // The built-in defaults as one record, members named as their keys.
     struct DefaultSettings {

@@ -28,9 +28,10 @@ bool VirtualDisplay::start(QString *error)
     const int writeFd = fds[1];
     m_server->setChildProcessModifier([writeFd] { ::fcntl(writeFd, F_SETFD, 0); });
     m_server->start(QStringLiteral("Xvfb"),
-                    {QStringLiteral("-displayfd"), QString::number(writeFd), QStringLiteral("-screen"),
-                     QStringLiteral("0"), QStringLiteral("3840x1080x24"), QStringLiteral("+extension"),
-                     QStringLiteral("RANDR"), QStringLiteral("-noreset"), QStringLiteral("-nolisten"),
+                    {QStringLiteral("-displayfd"), QString::number(writeFd),
+                     QStringLiteral("-screen"), QStringLiteral("0"), QStringLiteral("3840x1080x24"),
+                     QStringLiteral("+extension"), QStringLiteral("RANDR"),
+                     QStringLiteral("-noreset"), QStringLiteral("-nolisten"),
                      QStringLiteral("tcp")});
     ::close(fds[1]);
     if (!m_server->waitForStarted(5000)) {
@@ -49,9 +50,9 @@ bool VirtualDisplay::start(QString *error)
     }
     m_displayName = QStringLiteral(":") + QString::fromLatin1(number);
 
-    if (!run(QStringLiteral("xrandr"), {QStringLiteral("--setmonitor"), QStringLiteral("*LEFT"),
-                                        QStringLiteral("1920/508x1080/286+0+0"),
-                                        QStringLiteral("screen")}) ||
+    if (!run(QStringLiteral("xrandr"),
+             {QStringLiteral("--setmonitor"), QStringLiteral("*LEFT"),
+              QStringLiteral("1920/508x1080/286+0+0"), QStringLiteral("screen")}) ||
         !addRightMonitor()) {
         *error = QStringLiteral("xrandr could not define the monitors");
         return false;

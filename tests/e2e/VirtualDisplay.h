@@ -35,7 +35,10 @@ public:
 
     // Runs a command against this server and waits for it; true when it exited with 0.
     bool run(const QString &program, const QStringList &arguments, int timeoutMs = 10000) const;
-    bool xdotool(const QStringList &arguments) const { return run(QStringLiteral("xdotool"), arguments); }
+    bool xdotool(const QStringList &arguments) const
+    {
+        return run(QStringLiteral("xdotool"), arguments);
+    }
 
     // The whole screen as the X server holds it.
     QImage grab() const;

@@ -74,7 +74,10 @@ class tst_e2e_Overlay final : public QObject {
     std::unique_ptr<QTemporaryDir> m_config;
     std::unique_ptr<QProcess> m_vantrel;
 
-    QString settingsPath() const { return m_config->filePath(QStringLiteral("Vantrel/Vantrel.conf")); }
+    QString settingsPath() const
+    {
+        return m_config->filePath(QStringLiteral("Vantrel/Vantrel.conf"));
+    }
 
     void writeSettings(const QVariantMap &values)
     {
@@ -119,7 +122,8 @@ class tst_e2e_Overlay final : public QObject {
             QCOMPARE(m_vantrel->exitStatus(), QProcess::NormalExit);
             QCOMPARE(m_vantrel->exitCode(), 0);
         }
-        const QByteArray output = m_vantrel->readAllStandardOutput() + m_vantrel->readAllStandardError();
+        const QByteArray output =
+            m_vantrel->readAllStandardOutput() + m_vantrel->readAllStandardError();
         m_vantrel.reset();
         // Key labels never reach the terminal.
         QVERIFY2(!output.contains("⌃") && !output.contains("K\n"), output.constData());
@@ -144,9 +148,10 @@ class tst_e2e_Overlay final : public QObject {
         QVERIFY(startVantrel());
         stopVantrel();
         QSettings settings(settingsPath(), QSettings::IniFormat);
-        QJsonArray displays = QJsonDocument::fromJson(
-                                  settings.value(QStringLiteral("displayConfigurations")).toByteArray())
-                                  .array();
+        QJsonArray displays =
+            QJsonDocument::fromJson(
+                settings.value(QStringLiteral("displayConfigurations")).toByteArray())
+                .array();
         QCOMPARE(displays.size(), 2);
         for (auto entry : displays) {
             QJsonObject display = entry.toObject();
@@ -163,7 +168,8 @@ private slots:
         m_display = std::make_unique<VirtualDisplay>();
         QString error;
         QVERIFY2(m_display->start(&error), qPrintable(error));
-        m_display->run(QStringLiteral("xsetroot"), {QStringLiteral("-solid"), QStringLiteral("#204060")});
+        m_display->run(QStringLiteral("xsetroot"),
+                       {QStringLiteral("-solid"), QStringLiteral("#204060")});
         m_config = std::make_unique<QTemporaryDir>();
     }
 
@@ -239,7 +245,8 @@ private slots:
         QCOMPARE(caps.size(), 2);
         QVERIFY2(qAbs(caps.last().right() - (1920 - 1 - 40)) <= 4,
                  qPrintable(QString::number(caps.last().right())));
-        QVERIFY2(qAbs(caps.first().top() - 20) <= 4, qPrintable(QString::number(caps.first().top())));
+        QVERIFY2(qAbs(caps.first().top() - 20) <= 4,
+                 qPrintable(QString::number(caps.first().top())));
     }
 
     void clicksReachTheWindowBelow()

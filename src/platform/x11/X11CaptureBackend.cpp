@@ -32,7 +32,6 @@ constexpr int evdevOffset = 8;
 constexpr quint32 leftButton = 1;
 constexpr quint32 rightButton = 3;
 
-
 struct FreeDeleter {
     void operator()(void *pointer) const { std::free(pointer); }
 };

@@ -16,7 +16,6 @@
 
 #include <cstdlib>
 
-
 std::unique_ptr<X11KeyboardLayoutMonitor>
 X11KeyboardLayoutMonitor::create(const QByteArray &displayName)
 {
