@@ -42,7 +42,8 @@ private slots:
         QTest::newRow("wrong types and texts")
             << QByteArray("[General]\nkeyDisplayDuration=soon\nisVantrelEnabled=yes please\n"
                           "keyStyle=Modern\nkeyPosition=top left\n");
-        QTest::newRow("binary garbage") << QByteArray("\x00\xff\xfe[[[=\n\x01\x02=\x03", 15);
+        static const char garbage[] = "\x00\xff\xfe[[[=\n\x01\x02=\x03";
+        QTest::newRow("binary garbage") << QByteArray(garbage, sizeof garbage - 1);
     }
     void corruptFileReadsAsDefaultsAndIsKept()
     {
