@@ -15,6 +15,7 @@
 #include <cstring>
 #include <dirent.h>
 #include <fstream>
+#include <map>
 #include <poll.h>
 #include <sstream>
 #include <string>
@@ -28,9 +29,21 @@ using Clock = std::chrono::steady_clock;
 struct ProcessTimes {
     double cpuSeconds = 0;
     double systemSeconds = 0;
-    long long contextSwitches = 0;
+    std::map<std::string, long long> contextSwitches; // per thread
     long long rssKiB = 0;
 };
+
+// Wake-ups between two samples: context switches of the threads seen in both, plus all of
+// those of threads that started in between.
+long long wakeUps(const ProcessTimes &before, const ProcessTimes &after)
+{
+    long long total = 0;
+    for (const auto &[thread, switches] : after.contextSwitches) {
+        const auto old = before.contextSwitches.find(thread);
+        total += switches - (old == before.contextSwitches.end() ? 0 : old->second);
+    }
+    return total;
+}
 
 ProcessTimes readProcess(int pid)
 {
@@ -64,7 +77,8 @@ ProcessTimes readProcess(int pid)
             while (std::getline(status, line))
                 if (line.rfind("voluntary_ctxt_switches:", 0) == 0 ||
                     line.rfind("nonvoluntary_ctxt_switches:", 0) == 0)
-                    result.contextSwitches += std::stoll(line.substr(line.find(':') + 1));
+                    result.contextSwitches[entry->d_name] +=
+                        std::stoll(line.substr(line.find(':') + 1));
         }
         closedir(dir);
     }
@@ -255,7 +269,7 @@ int main(int argc, char **argv)
         latencies.empty() ? -1.0 : percentile(latencies, 0.99), latencies.size());
     std::printf("| idle for %d s | %.3f s CPU, %lld wake-ups |\n", seconds,
                 idleEnd.cpuSeconds - idleStart.cpuSeconds,
-                idleEnd.contextSwitches - idleStart.contextSwitches);
+                wakeUps(idleStart, idleEnd));
     std::printf("| typing 15 keys/s for %d s | %.3f s CPU (%.3f s of it in the kernel) |\n",
                 seconds, typingStop.cpuSeconds - typingStart.cpuSeconds,
                 typingStop.systemSeconds - typingStart.systemSeconds);

@@ -94,14 +94,16 @@ void KeyDisplayOverlayWindow::setCompositing(bool compositing)
 
 void KeyDisplayOverlayWindow::onUpdateRequested(const QRegion &region)
 {
+    // Painted at once rather than on a later pass of the event loop: a key shows as soon as
+    // it is pressed.
     if (m_compositing) {
-        update(region);
+        repaint(region);
         return;
     }
     const QRegion before = m_shape;
     renderShapedFrame();
     // The old and new caps' areas both change.
-    update(region.united(before).united(m_shape));
+    repaint(region.united(before).united(m_shape));
 }
 
 void KeyDisplayOverlayWindow::renderShapedFrame()

@@ -4,6 +4,7 @@
 #include "overlay/KeyEffectCache.h"
 
 #include <QFontMetricsF>
+#include <QHash>
 #include <QPaintDevice>
 #include <QPainter>
 #include <QPainterPath>
@@ -80,8 +81,19 @@ QFont KeyCapsuleView::fontFor(const KeyAppearanceSnapshot &style)
 
 QSizeF KeyCapsuleView::textSizeFor(const KeyAppearanceSnapshot &style)
 {
-    const QFontMetricsF metrics(fontFor(style));
-    return {metrics.horizontalAdvance(style.text), metrics.height()};
+    // Shaping a label costs more than the rest of a new cap; the same few labels recur.
+    // Kept in memory only, on the GUI thread, and never large.
+    static QHash<QString, QSizeF> sizes;
+    const QFont font = fontFor(style);
+    const QString key = font.key() + u'\n' + style.text;
+    if (const auto it = sizes.constFind(key); it != sizes.constEnd())
+        return *it;
+    if (sizes.size() >= 512)
+        sizes.clear();
+    const QFontMetricsF metrics(font);
+    const QSizeF size(metrics.horizontalAdvance(style.text), metrics.height());
+    sizes.insert(key, size);
+    return size;
 }
 
 QSizeF KeyCapsuleView::frameSizeFor(const KeyAppearanceSnapshot &style, const QSizeF &contentSize)
