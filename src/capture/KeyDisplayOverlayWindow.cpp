@@ -5,6 +5,7 @@
 #include "overlay/KeyDisplayView.h"
 #include "settings/DisplaySettingsStore.h"
 
+#include <QGuiApplication>
 #include <QPaintEvent>
 #include <QPainter>
 
@@ -112,7 +113,7 @@ void KeyDisplayOverlayWindow::renderShapedFrame()
     if (m_shapedRect.isEmpty()) {
         m_shapedFrame = QImage();
         m_shape = QRegion();
-        setMask(hiddenShape);
+        hideShape();
         return;
     }
     const qreal ratio = devicePixelRatioF();
@@ -183,7 +184,20 @@ void KeyDisplayOverlayWindow::renderShapedFrame()
     shape.translate(m_shapedRect.topLeft());
     m_shapedFrame = frame;
     m_shape = shape;
-    setMask(shape.isEmpty() ? hiddenShape : shape);
+    if (shape.isEmpty())
+        hideShape();
+    else
+        setMask(shape);
+}
+
+void KeyDisplayOverlayWindow::hideShape()
+{
+    if (mask() == hiddenShape)
+        return;
+    setMask(hiddenShape);
+    // Nothing is painted inside an empty shape, so no paint sends the change to the display
+    // server; send it now.
+    QGuiApplication::sync();
 }
 
 void KeyDisplayOverlayWindow::paintEvent(QPaintEvent *event)

@@ -44,6 +44,8 @@ private:
     void onUpdateRequested(const QRegion &region);
     // Without a compositor: renders the row opaque into m_shapedFrame and cuts the shape to it.
     void renderShapedFrame();
+    // Shows nothing of the window (without a compositor).
+    void hideShape();
 
     const quint32 m_displayID;
     std::unique_ptr<KeyDisplayView> m_view;
