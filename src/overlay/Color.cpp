@@ -115,7 +115,8 @@ Color Color::fromQColor(const QColor &color)
 {
     if (!color.isValid())
         return {};
-    if (color.spec() == QColor::ExtendedRgb) {
+    // Colours of other models (extended range, HSV, ...) as floats, which keep their range.
+    if (color != color.toRgb()) {
         float r = 0, g = 0, b = 0, a = 0;
         color.getRgbF(&r, &g, &b, &a);
         return rgb(r, g, b, a);

@@ -54,29 +54,21 @@ void StylePresetActions::applyBuiltInStyle(AppSettings::KeyStyle style)
     m_settings.setValue(AppSettings::keyStyle, style);
     m_settings.setValue(AppSettings::selectedCustomPresetID, QString());
     const KeyStylePreset p = AppSettings::getStylePreset(style);
-    m_settings.setValue(AppSettings::keySize, p.keySize);
-    m_settings.setValue(AppSettings::keySpacing, p.keySpacing);
-    m_settings.setValue(AppSettings::keyOpacity, p.keyOpacity);
-    m_settings.setValue(AppSettings::keyAnimationStyle, p.keyAnimationStyle);
-    m_settings.setValue(AppSettings::keyFont, p.fontName);
-    m_settings.setValue(AppSettings::keyBackgroundColor, p.backgroundColor);
-    m_settings.setValue(AppSettings::keyTextColor, p.textColor);
-    m_settings.setValue(AppSettings::keyBorderColor, p.borderColor);
-    m_settings.setValue(AppSettings::keyBorderWidth, p.borderWidth);
-    m_settings.setValue(AppSettings::keyCornerRadius, p.cornerRadius);
-    m_settings.setValue(AppSettings::keyShadowEnabled, p.shadowEnabled);
-    m_settings.setValue(AppSettings::keyShadowRadius, p.shadowRadius);
-    m_settings.setValue(AppSettings::keyShadowColor, p.shadowColor);
-    m_settings.setValue(AppSettings::keyGlowEnabled, p.glowEnabled);
-    m_settings.setValue(AppSettings::keyGlowColor, p.glowColor);
-    m_settings.setValue(AppSettings::keyGlowRadius, p.glowRadius);
+    writeLook({p.keySize, p.keySpacing, p.keyOpacity, AppSettings::rawValue(p.keyAnimationStyle),
+               p.fontName, p.textColor, p.backgroundColor, p.borderColor, p.borderWidth,
+               p.cornerRadius, p.shadowEnabled, p.shadowRadius, p.shadowColor, p.glowEnabled,
+               p.glowColor, p.glowRadius});
 }
 
 void StylePresetActions::applyCustomPreset(const CustomKeyStylePreset &preset)
 {
     m_settings.setValue(AppSettings::selectedCustomPresetID,
                         CustomKeyStylePreset::uuidText(preset.id));
-    const AppearanceSettingsSnapshot &s = preset.snapshot;
+    writeLook(preset.snapshot);
+}
+
+void StylePresetActions::writeLook(const AppearanceSettingsSnapshot &s)
+{
     m_settings.setValue(AppSettings::keySize, s.keySize);
     m_settings.setValue(AppSettings::keySpacing, s.keySpacing);
     m_settings.setValue(AppSettings::keyOpacity, s.keyOpacity);

@@ -36,6 +36,9 @@ public:
     bool isCustomPresetSelected(const QUuid &id) const;
 
 private:
+    // Writes the sixteen appearance settings.
+    void writeLook(const AppearanceSettingsSnapshot &look);
+
     SettingsStore &m_settings;
     CustomKeyStylePresetStore &m_presets;
 };
