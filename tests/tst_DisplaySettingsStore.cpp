@@ -1,3 +1,5 @@
+#include "FakeScreenList.h"
+
 #include "settings/DisplaySettingsStore.h"
 #include "settings/ScreenList.h"
 #include "settings/SettingsStore.h"
@@ -43,22 +45,6 @@ QByteArray json(const Configs &configurations)
 } // namespace
 
 // Screens that a test connects, renames and disconnects at will.
-class FakeScreenList final : public ScreenList {
-    Q_OBJECT
-
-public:
-    QList<Screen> list;
-    std::optional<quint32> main;
-
-    QList<Screen> screens() const override { return list; }
-    std::optional<quint32> mainScreenID() const override { return main; }
-    // Each change announces itself, as the platform does.
-    void update(const QList<Screen> &screens)
-    {
-        list = screens;
-        emit screensChanged();
-    }
-};
 
 class tst_DisplaySettingsStore final : public QObject {
     Q_OBJECT

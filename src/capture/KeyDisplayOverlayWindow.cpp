@@ -48,6 +48,7 @@ KeyDisplayOverlayWindow::KeyDisplayOverlayWindow(quint32 displayID, KeyManager &
         connect(compositor, &CompositorWatcher::compositingChanged, this,
                 &KeyDisplayOverlayWindow::setCompositing);
     m_compositing = compositor && compositor->isCompositing();
+    m_view->setOpaque(!m_compositing);
     if (!m_compositing)
         setMask(hiddenShape);
 }
@@ -83,6 +84,7 @@ void KeyDisplayOverlayWindow::setCompositing(bool compositing)
     if (compositing == m_compositing)
         return;
     m_compositing = compositing;
+    m_view->setOpaque(!compositing);
     m_shapedFrame = QImage();
     m_shapedRect = QRect();
     m_shape = QRegion();

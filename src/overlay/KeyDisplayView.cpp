@@ -203,6 +203,14 @@ void KeyDisplayView::setSize(const QSize &size)
     publishFrame();
 }
 
+void KeyDisplayView::setOpaque(bool opaque)
+{
+    if (opaque == m_opaque)
+        return;
+    m_opaque = opaque;
+    emit updateRequested(m_contentRegion);
+}
+
 void KeyDisplayView::onSettingChanged(const QString &key)
 {
     if (!observedKeys().contains(key))
@@ -438,7 +446,8 @@ void KeyDisplayView::publishFrame()
 
 void KeyDisplayView::paint(QPainter &painter) const
 {
-    const double rowOpacity = std::clamp(m_settings.value(AppSettings::keyOpacity), 0.0, 1.0);
+    const double rowOpacity =
+        m_opaque ? 1.0 : std::clamp(m_settings.value(AppSettings::keyOpacity), 0.0, 1.0);
     for (const auto &item : m_items) {
         const Look look = lookOf(*item);
         const double opacity = rowOpacity * look.opacity;

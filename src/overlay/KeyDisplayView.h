@@ -49,6 +49,9 @@ public:
     // The display's stored configuration, or none for a display without one.
     void setConfiguration(const std::optional<DisplayConfiguration> &configuration);
     void setSize(const QSize &size);
+    // Draws the caps at full opacity whatever "keyOpacity" says: for windows that cannot blend
+    // (no compositor).
+    void setOpaque(bool opaque);
 
     QSize size() const { return m_size; }
     AppSettings::KeyPosition position() const;
@@ -96,4 +99,5 @@ private:
     Clock m_clock;
     double m_frameTime = 0.0;
     QRegion m_contentRegion;
+    bool m_opaque = false;
 };

@@ -304,27 +304,44 @@ private slots:
     void withCompositorCapOpacityFollowsSetting_data()
     {
         QTest::addColumn<double>("opacity");
-        QTest::newRow("0.5") << 0.5;
-        QTest::newRow("1.0") << 1.0;
+        QTest::addColumn<bool>("compositorStartsLater");
+        QTest::newRow("0.5") << 0.5 << false;
+        QTest::newRow("1.0") << 1.0 << false;
+        QTest::newRow("compositor started, then stopped, while running") << 0.5 << true;
     }
     void withCompositorCapOpacityFollowsSetting()
     {
         QFETCH(double, opacity);
-        QVERIFY(m_display->startCompositor());
+        QFETCH(bool, compositorStartsLater);
         writeSettings({{QStringLiteral("keyOpacity"), opacity}});
+        if (!compositorStartsLater)
+            QVERIFY(m_display->startCompositor());
         QVERIFY(startVantrel());
-        const QImage screen = pressAndGrab({QStringLiteral("ctrl+k")}, 800);
+        if (compositorStartsLater) {
+            QVERIFY(m_display->startCompositor());
+            QTest::qWait(300);
+        }
+        QImage screen = pressAndGrab({QStringLiteral("ctrl+k")}, 800);
         // The compositor paints its own background; the caps stand out from it.
         const QRgb background = screen.pixel(5, 5);
-        const QList<QRect> caps =
-            findCaps(screen, bottomBand(VirtualDisplay::leftMonitor()), background);
+        QList<QRect> caps = findCaps(screen, bottomBand(VirtualDisplay::leftMonitor()), background);
         QCOMPARE(caps.size(), 2);
         // A point inside the first cap, above its label: the white fill over the background.
-        const QRect cap = caps.first();
-        const QRgb inside = screen.pixel(cap.center().x(), cap.top() + 8);
+        const QRgb inside = screen.pixel(caps.first().center().x(), caps.first().top() + 8);
         const int expected = qRound(opacity * 255 + (1 - opacity) * qRed(background));
         QVERIFY2(qAbs(qRed(inside) - expected) <= 12,
                  qPrintable(QStringLiteral("red %1, expected %2").arg(qRed(inside)).arg(expected)));
+        if (!compositorStartsLater)
+            return;
+
+        // Without the compositor again: opaque caps, the desktop visible around them.
+        m_display->stopCompositor();
+        QTest::qWait(2500); // the caps expire
+        screen = pressAndGrab({QStringLiteral("alt+j")});
+        caps = findCaps(screen, bottomBand(VirtualDisplay::leftMonitor()));
+        QCOMPARE(caps.size(), 2);
+        QCOMPARE(qRed(screen.pixel(caps.first().center().x(), caps.first().top() + 8)), 255);
+        QCOMPARE(screen.pixel(caps.first().left() - 12, caps.first().center().y()), desktopColor);
     }
 
     void monitorRemovedAndAddedAtRunTime()
