@@ -180,6 +180,43 @@ private slots:
         m_config.reset();
     }
 
+    void commandLine_data()
+    {
+        QTest::addColumn<QStringList>("arguments");
+        QTest::addColumn<QString>("display");
+        QTest::addColumn<int>("exitCode");
+        QTest::addColumn<QString>("output");
+        QTest::newRow("help") << QStringList{QStringLiteral("--help")} << QString() << 0
+                              << QStringLiteral("Usage: vantrel");
+        QTest::newRow("version") << QStringList{QStringLiteral("--version")} << QString() << 0
+                                 << QStringLiteral("Vantrel ");
+        QTest::newRow("unknown option") << QStringList{QStringLiteral("--bogus")} << QString() << 2
+                                        << QStringLiteral("unknown option");
+        QTest::newRow("no display") << QStringList() << QString() << 1
+                                    << QStringLiteral("vantrel: no X11 display");
+        QTest::newRow("unreachable display") << QStringList() << QStringLiteral(":987") << 1
+                                             << QStringLiteral("cannot open X11 display");
+    }
+    void commandLine()
+    {
+        QFETCH(QStringList, arguments);
+        QFETCH(QString, display);
+        QFETCH(int, exitCode);
+        QFETCH(QString, output);
+        QProcess process;
+        QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+        env.insert(QStringLiteral("DISPLAY"), display);
+        env.insert(QStringLiteral("XDG_CONFIG_HOME"), m_config->path());
+        process.setProcessEnvironment(env);
+        process.start(QStringLiteral(VANTREL_BINARY), arguments);
+        QVERIFY(process.waitForFinished(10000));
+        QCOMPARE(process.exitCode(), exitCode);
+        const QString text = QString::fromUtf8(process.readAll() + process.readAllStandardError());
+        QVERIFY2(text.contains(output), qPrintable(text));
+        if (exitCode == 1)
+            QCOMPARE(text.count(u'\n'), 1); // one clear line
+    }
+
     void shortcutShowsTwoCapsBottomCentreOfPrimaryOnly()
     {
         QVERIFY(startVantrel());
