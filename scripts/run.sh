@@ -10,7 +10,7 @@ if [ -n "${DISPLAY:-}" ]; then
 fi
 
 echo "No display here: showing Vantrel on a virtual one (two monitors and a compositor)."
-install_packages "${BUILD_PACKAGES[@]}" "${DISPLAY_PACKAGES[@]}"
+install_packages "${BUILD_PACKAGES[@]}" "${DISPLAY_PACKAGES[@]}" "${DEMO_PACKAGES[@]}"
 build_vantrel
 source "$VANTREL_ROOT/scripts/virtual-display.sh"
 
