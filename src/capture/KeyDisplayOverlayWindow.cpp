@@ -35,8 +35,13 @@ KeyDisplayOverlayWindow::KeyDisplayOverlayWindow(quint32 displayID, KeyManager &
 
     m_view->setConfiguration(displayStore.configuration(displayID));
     m_view->setKeys(keyManager.currentKeys());
-    connect(&keyManager, &KeyManager::currentKeysChanged, this,
-            [this, &keyManager] { m_view->setKeys(keyManager.currentKeys()); });
+    connect(&keyManager, &KeyManager::currentKeysChanged, this, [this, &keyManager] {
+        // Windows opened since (a full-screen player, say) may have covered the overlay: it
+        // comes back on top whenever keys start to show.
+        if (m_view->contentRegion().isEmpty() && isVisible())
+            raise();
+        m_view->setKeys(keyManager.currentKeys());
+    });
     connect(&displayStore, &DisplaySettingsStore::displaySettingsChanged, this,
             [this, &displayStore] {
                 m_view->setConfiguration(displayStore.configuration(m_displayID));
