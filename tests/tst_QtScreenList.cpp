@@ -1,7 +1,8 @@
+#include "VirtualDisplay.h"
+
 #include "settings/QtScreenList.h"
 
 #include <QGuiApplication>
-#include <QProcess>
 #include <QScreen>
 #include <QTest>
 
@@ -13,14 +14,6 @@ namespace {
 // settings are keyed by these numbers.
 constexpr quint32 LEFT_ID = 2263011829u;
 constexpr quint32 RIGHT_ID = 3064683438u;
-
-bool runXrandr(const QStringList &arguments)
-{
-    QProcess xrandr;
-    xrandr.start(QStringLiteral("xrandr"), arguments);
-    return xrandr.waitForFinished(10000) && xrandr.exitStatus() == QProcess::NormalExit &&
-           xrandr.exitCode() == 0;
-}
 
 } // namespace
 
@@ -60,29 +53,18 @@ private slots:
 
 int main(int argc, char *argv[])
 {
-    QProcess xvfb;
-    xvfb.start(QStringLiteral("Xvfb"), {"-displayfd", "1", "-screen", "0", "3840x1080x24",
-                                        "+extension", "RANDR", "-noreset", "-nolisten", "tcp"});
-    if (!xvfb.waitForStarted(10000) || !xvfb.waitForReadyRead(20000)) {
-        qWarning("Xvfb did not start");
+    // LEFT (the primary) and RIGHT side by side on one X screen.
+    VirtualDisplay display;
+    QString error;
+    if (!display.start(&error)) {
+        qWarning("%s", qPrintable(error));
         return 1;
     }
-    qputenv("DISPLAY", ':' + xvfb.readLine().trimmed());
+    qputenv("DISPLAY", display.displayName().toLatin1());
     qputenv("QT_QPA_PLATFORM", "xcb");
-    int result = 1;
-    // Two monitors side by side on one X screen; LEFT is the primary one.
-    if (runXrandr({"--setmonitor", "*LEFT", "1920/508x1080/286+0+0", "screen"}) &&
-        runXrandr({"--setmonitor", "RIGHT", "1920/508x1080/286+1920+0", "none"})) {
-        QGuiApplication app(argc, argv);
-        tst_QtScreenList test;
-        result = QTest::qExec(&test, argc, argv);
-    } else {
-        qWarning("xrandr could not set up the monitors");
-    }
-    xvfb.terminate();
-    if (!xvfb.waitForFinished(5000))
-        xvfb.kill();
-    return result;
+    QGuiApplication app(argc, argv);
+    tst_QtScreenList test;
+    return QTest::qExec(&test, argc, argv);
 }
 
 #include "tst_QtScreenList.moc"

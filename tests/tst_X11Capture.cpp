@@ -1,3 +1,5 @@
+#include "VirtualDisplay.h"
+
 #include "capture/KeyManager.h"
 #include "capture/KeyboardLayoutTranslator.h"
 #include "platform/linux/XkbKeyboardLayoutSource.h"
@@ -48,7 +50,7 @@ private slots:
     void serverGoneEndsListening();
 
 private:
-    QProcess m_xvfb;
+    VirtualDisplay m_xvfb;
     QTemporaryDir m_dir;
     std::unique_ptr<SettingsStore> m_store;
     std::unique_ptr<KeyboardLayoutTranslator> m_translator;
@@ -57,14 +59,10 @@ private:
 
 void tst_X11Capture::initTestCase()
 {
-    // Xvfb writes its display number once it accepts connections.
-    m_xvfb.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    m_xvfb.start("Xvfb",
-                 {"-displayfd", "1", "-nolisten", "tcp", "-noreset", "-screen", "0", "640x480x24"});
-    QVERIFY2(m_xvfb.waitForReadyRead(10000), "Xvfb did not start");
-    const QByteArray display = ':' + m_xvfb.readLine().trimmed();
+    QString error;
+    QVERIFY2(m_xvfb.start(&error), qPrintable(error));
+    const QByteArray display = m_xvfb.displayName().toLatin1();
     qputenv("DISPLAY", display); // for xdotool and setxkbmap
-    run("setxkbmap", {"us"});
     m_store = std::make_unique<SettingsStore>(m_dir.filePath("Vantrel.conf"));
     const std::shared_ptr<XkbKeyboardLayoutSource> layout =
         XkbKeyboardLayoutSource::fromNames("us");
@@ -77,8 +75,7 @@ void tst_X11Capture::initTestCase()
 void tst_X11Capture::cleanupTestCase()
 {
     m_manager.reset();
-    m_xvfb.kill();
-    m_xvfb.waitForFinished(3000);
+    m_xvfb.stop();
 }
 
 void tst_X11Capture::init()
@@ -151,8 +148,7 @@ void tst_X11Capture::serverGoneEndsListening()
 {
     QTest::ignoreMessage(QtWarningMsg, "Vantrel: the connection to the X server was lost; key "
                                        "capture has stopped.");
-    m_xvfb.kill();
-    QVERIFY(m_xvfb.waitForFinished(3000));
+    m_xvfb.stop();
     QTRY_VERIFY_WITH_TIMEOUT(!m_manager->isListening(), 3000);
     // Stopping and destroying the manager afterwards is clean.
     m_manager->stopListening();

@@ -1,9 +1,10 @@
+#include "VirtualDisplay.h"
+
 #include "capture/KeyCode.h"
 #include "capture/KeyboardLayoutTranslator.h"
 #include "platform/linux/XkbKeyboardLayoutSource.h"
 #include "platform/x11/X11KeyboardLayoutMonitor.h"
 
-#include <QProcess>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -24,17 +25,11 @@ class tst_X11KeyboardLayoutMonitor final : public QObject {
 private slots:
     void initTestCase()
     {
-        // Xvfb writes its display number to stdout once it accepts connections.
-        m_xvfb.start(QStringLiteral("Xvfb"), {QStringLiteral("-displayfd"), QStringLiteral("1"),
-                                              QStringLiteral("-nolisten"), QStringLiteral("tcp")});
-        QVERIFY2(m_xvfb.waitForReadyRead(10000), "Xvfb is needed");
-        m_display = ':' + m_xvfb.readLine().trimmed();
+        QString error;
+        QVERIFY2(m_xvfb.start(&error), qPrintable(error));
+        m_display = m_xvfb.displayName().toLatin1();
     }
-    void cleanupTestCase()
-    {
-        m_xvfb.terminate();
-        m_xvfb.waitForFinished(5000);
-    }
+    void cleanupTestCase() { m_xvfb.stop(); }
 
     void followsLayoutChanges()
     {
@@ -66,9 +61,7 @@ private slots:
 private:
     bool setLayout(const char *layout)
     {
-        return QProcess::execute(QStringLiteral("setxkbmap"),
-                                 {QStringLiteral("-display"), QString::fromLatin1(m_display),
-                                  QString::fromLatin1(layout)}) == 0;
+        return m_xvfb.run(QStringLiteral("setxkbmap"), {QString::fromLatin1(layout)});
     }
     // Locks the keyboard group as a layout switcher does, from a client of the test's own; the
     // caller checks the effect.
@@ -87,7 +80,7 @@ private:
         return translator.string(keyCode, 0).value_or(QString());
     }
 
-    QProcess m_xvfb;
+    VirtualDisplay m_xvfb;
     QByteArray m_display;
 };
 

@@ -8,7 +8,7 @@
 
 #include <memory>
 
-// A private X server for whole-program tests: Xvfb with two RandR monitors side by side
+// A private X server for tests: Xvfb with two RandR monitors side by side
 // (LEFT, the primary, and RIGHT, 1920x1080 each), optionally a compositing manager, and helpers
 // to press keys, click and read the screen back.
 class VirtualDisplay final {

@@ -1,13 +1,10 @@
 #include "VirtualDisplay.h"
 
-#include <QElapsedTimer>
 #include <QThread>
 
 #include <xcb/xcb.h>
 
 #include <cstdlib>
-#include <fcntl.h>
-#include <unistd.h>
 
 VirtualDisplay::VirtualDisplay() = default;
 
@@ -18,37 +15,20 @@ VirtualDisplay::~VirtualDisplay()
 
 bool VirtualDisplay::start(QString *error)
 {
-    int fds[2];
-    if (::pipe(fds) != 0) {
-        *error = QStringLiteral("pipe failed");
-        return false;
-    }
     m_server = std::make_unique<QProcess>();
     m_server->setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    const int writeFd = fds[1];
-    m_server->setChildProcessModifier([writeFd] { ::fcntl(writeFd, F_SETFD, 0); });
+    // Xvfb writes its display number to standard output once it accepts connections.
     m_server->start(QStringLiteral("Xvfb"),
-                    {QStringLiteral("-displayfd"), QString::number(writeFd),
-                     QStringLiteral("-screen"), QStringLiteral("0"), QStringLiteral("3840x1080x24"),
+                    {QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"),
+                     QStringLiteral("0"), QStringLiteral("3840x1080x24"),
                      QStringLiteral("+extension"), QStringLiteral("RANDR"),
                      QStringLiteral("-noreset"), QStringLiteral("-nolisten"),
                      QStringLiteral("tcp")});
-    ::close(fds[1]);
-    if (!m_server->waitForStarted(5000)) {
-        ::close(fds[0]);
+    if (!m_server->waitForStarted(5000) || !m_server->waitForReadyRead(10000)) {
         *error = QStringLiteral("Xvfb did not start: ") + m_server->errorString();
         return false;
     }
-    QByteArray number;
-    char c;
-    while (::read(fds[0], &c, 1) == 1 && c != '\n')
-        number.append(c);
-    ::close(fds[0]);
-    if (number.isEmpty()) {
-        *error = QStringLiteral("Xvfb did not report its display number");
-        return false;
-    }
-    m_displayName = QStringLiteral(":") + QString::fromLatin1(number);
+    m_displayName = QStringLiteral(":") + QString::fromLatin1(m_server->readLine().trimmed());
 
     if (!run(QStringLiteral("xrandr"),
              {QStringLiteral("--setmonitor"), QStringLiteral("*LEFT"),
