@@ -1,12 +1,8 @@
 #include "settings/CustomKeyStylePresetStore.h"
 
 #include "settings/AppSettings.h"
-#include "settings/JsonWriter.h"
+#include "settings/JsonArray.h"
 #include "settings/SettingsStore.h"
-
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonParseError>
 
 CustomKeyStylePresetStore::CustomKeyStylePresetStore(SettingsStore &settings, QObject *parent)
     : QObject(parent), m_settings(settings)
@@ -52,30 +48,12 @@ void CustomKeyStylePresetStore::removePreset(const QUuid &id)
 std::optional<QByteArray>
 CustomKeyStylePresetStore::encode(const QList<CustomKeyStylePreset> &presets)
 {
-    JsonWriter writer;
-    writer.beginArray();
-    for (const CustomKeyStylePreset &p : presets)
-        p.write(writer);
-    writer.endArray();
-    if (!writer.isValid())
-        return std::nullopt;
-    return writer.data();
+    return JsonArray::encode(presets);
 }
 
 std::optional<QList<CustomKeyStylePreset>> CustomKeyStylePresetStore::decode(const QByteArray &data)
 {
-    QJsonParseError error;
-    const QJsonDocument document = QJsonDocument::fromJson(data, &error);
-    if (error.error != QJsonParseError::NoError || !document.isArray())
-        return std::nullopt;
-    QList<CustomKeyStylePreset> result;
-    for (const QJsonValue &entry : document.array()) {
-        std::optional<CustomKeyStylePreset> preset = CustomKeyStylePreset::fromJson(entry);
-        if (!preset)
-            return std::nullopt;
-        result.append(*preset);
-    }
-    return result;
+    return JsonArray::decode<CustomKeyStylePreset>(data);
 }
 
 void CustomKeyStylePresetStore::loadPresets()

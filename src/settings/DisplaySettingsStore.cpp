@@ -1,14 +1,11 @@
 #include "settings/DisplaySettingsStore.h"
 
-#include "settings/JsonWriter.h"
+#include "settings/JsonArray.h"
 #include "settings/QtScreenList.h"
 #include "settings/ScreenList.h"
 #include "settings/SettingsStore.h"
 
 #include <QCollator>
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonParseError>
 #include <QLocale>
 
 #include <algorithm>
@@ -58,31 +55,12 @@ DisplaySettingsStore::encode(const QList<DisplayConfiguration> &configurations)
     QList<DisplayConfiguration> sorted = configurations;
     std::stable_sort(sorted.begin(), sorted.end(),
                      [](const auto &a, const auto &b) { return a.id < b.id; });
-    JsonWriter writer;
-    writer.beginArray();
-    for (const DisplayConfiguration &c : sorted)
-        c.write(writer);
-    writer.endArray();
-    if (!writer.isValid())
-        return std::nullopt;
-    return writer.data();
+    return JsonArray::encode(sorted);
 }
 
 std::optional<QList<DisplayConfiguration>> DisplaySettingsStore::decode(const QByteArray &data)
 {
-    QJsonParseError error;
-    const QJsonDocument document = QJsonDocument::fromJson(data, &error);
-    if (error.error != QJsonParseError::NoError || !document.isArray())
-        return std::nullopt;
-    QList<DisplayConfiguration> result;
-    for (const QJsonValue &entry : document.array()) {
-        const std::optional<DisplayConfiguration> configuration =
-            DisplayConfiguration::fromJson(entry);
-        if (!configuration)
-            return std::nullopt;
-        result.append(*configuration);
-    }
-    return result;
+    return JsonArray::decode<DisplayConfiguration>(data);
 }
 
 void DisplaySettingsStore::loadConfigurations()
