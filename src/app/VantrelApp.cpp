@@ -2,7 +2,7 @@
 
 #include "capture/CaptureBackend.h"
 #include "capture/CompositorWatcher.h"
-#include "capture/KeyDisplayOverlayWindowFactory.h"
+#include "overlay/KeyDisplayOverlayWindowFactory.h"
 #include "capture/KeyManager.h"
 #include "capture/KeyboardLayoutTranslator.h"
 #include "platform/Platform.h"

@@ -1,6 +1,6 @@
-#include "capture/KeyDisplayOverlayWindowFactory.h"
+#include "overlay/KeyDisplayOverlayWindowFactory.h"
 
-#include "capture/KeyDisplayOverlayWindow.h"
+#include "overlay/KeyDisplayOverlayWindow.h"
 
 KeyDisplayOverlayWindowFactory::KeyDisplayOverlayWindowFactory(DisplaySettingsStore &displayStore,
                                                                SettingsStore &settings,

@@ -1,4 +1,4 @@
-#include "capture/KeyDisplayOverlayWindow.h"
+#include "overlay/KeyDisplayOverlayWindow.h"
 
 #include "capture/CompositorWatcher.h"
 #include "capture/KeyManager.h"
