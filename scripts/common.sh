@@ -7,7 +7,7 @@ VANTREL_BUILD_DIR="${VANTREL_BUILD_DIR:-$VANTREL_ROOT/build}"
 
 BUILD_PACKAGES=(
     build-essential cmake ninja-build pkg-config
-    qt6-base-dev qt6-base-dev-tools libgl-dev
+    qt6-base-dev qt6-base-dev-tools qt6-svg-dev libgl-dev
     libxkbcommon-dev libxkbcommon-x11-dev xkb-data
     libxcb1-dev libxcb-xkb-dev libxcb-xinput-dev libxcb-xfixes0-dev libxcb-randr0-dev
     libxcb-shape0-dev libxcb-damage0-dev libxcb-xtest0-dev

@@ -2,9 +2,9 @@
 
 #include "capture/CaptureBackend.h"
 #include "capture/CompositorWatcher.h"
-#include "overlay/KeyDisplayOverlayWindowFactory.h"
 #include "capture/KeyManager.h"
 #include "capture/KeyboardLayoutTranslator.h"
+#include "overlay/KeyDisplayOverlayWindowFactory.h"
 #include "platform/Platform.h"
 #include "settings/AppSettings.h"
 #include "settings/DisplaySettingsStore.h"

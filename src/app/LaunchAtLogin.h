@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+
+// Starting Vantrel when the user logs in: an XDG autostart entry in the user's autostart
+// directory ($XDG_CONFIG_HOME/autostart/vantrel.desktop) whose Exec names this program's absolute
+// path. On means the entry exists and is not hidden.
+class LaunchAtLogin final : public QObject {
+    Q_OBJECT
+
+public:
+    // `executablePath` is the program to start (the running binary when empty).
+    explicit LaunchAtLogin(QString executablePath = {}, QObject *parent = nullptr);
+
+    static QString entryPath();
+
+    bool isEnabled() const;
+    // Writes or removes the entry; emits enabledChanged when the state changes. Failures (an
+    // unwritable directory) leave the state as it was.
+    void setEnabled(bool enabled);
+
+signals:
+    void enabledChanged(bool enabled);
+
+private:
+    QString m_executablePath;
+};

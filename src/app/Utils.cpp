@@ -1,0 +1,15 @@
+#include "app/Utils.h"
+
+#include "app/BuildConfig.h"
+
+QString Utils::formatVersionAndBuild(const QString &version, const QString &buildNumber)
+{
+    return QStringLiteral("Version ") + version + QStringLiteral(" (Build ") + buildNumber +
+           QStringLiteral(")");
+}
+
+QString Utils::getAppVersionAndBuild()
+{
+    return formatVersionAndBuild(QString::fromUtf8(BuildConfig::version),
+                                 QString::fromUtf8(BuildConfig::buildNumber));
+}
