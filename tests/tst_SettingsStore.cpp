@@ -62,6 +62,36 @@ private slots:
         QCOMPARE(SettingsStore(m_path).value(AppSettings::keySize), 3.0);
     }
 
+    // JSON values stand in the file as plain text; the quoted forms of older files still read.
+    void structuredValuesReadInEveryForm_data()
+    {
+        QTest::addColumn<QByteArray>("line");
+        QTest::newRow("plain JSON")
+            << QByteArray("displayConfigurations=[{\"id\":7,\"n\":\"a;b\"}]");
+        QTest::newRow("byte array") << QByteArray(
+            "displayConfigurations=\"@ByteArray([{\\\"id\\\":7,\\\"n\\\":\\\"a;b\\\"}])\"");
+        QTest::newRow("quoted text")
+            << QByteArray("displayConfigurations=\"[{\\\"id\\\":7,\\\"n\\\":\\\"a;b\\\"}]\"");
+    }
+    void structuredValuesReadInEveryForm()
+    {
+        QFETCH(QByteArray, line);
+        QFile f(m_path);
+        QVERIFY(f.open(QIODevice::WriteOnly));
+        f.write("[General]\nkeySize=2.5\n" + line + "\n");
+        f.close();
+        SettingsStore store(m_path);
+        const QByteArray json = "[{\"id\":7,\"n\":\"a;b\"}]";
+        QCOMPARE(store.value(AppSettings::displayConfigurations), json);
+        store.setValue(AppSettings::keyFont, QStringLiteral("Say \"hi\", [x]\n"));
+        QVERIFY(f.open(QIODevice::ReadOnly));
+        QVERIFY(f.readAll().contains(QByteArray("\ndisplayConfigurations=" + json + "\n")));
+        const SettingsStore reopened(m_path);
+        QCOMPARE(reopened.value(AppSettings::displayConfigurations), json);
+        QCOMPARE(reopened.value(AppSettings::keySize), 2.5);
+        QCOMPARE(reopened.value(AppSettings::keyFont), QStringLiteral("Say \"hi\", [x]\n"));
+    }
+
     void unreadablePathDoesNotCrash()
     {
         QVERIFY(QDir(m_dir.path()).mkdir(QStringLiteral("Vantrel.conf"))); // a directory instead

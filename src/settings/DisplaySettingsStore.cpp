@@ -9,6 +9,8 @@
 #include <QLocale>
 
 #include <algorithm>
+#include <cstdio>
+#include <cstdlib>
 
 DisplaySettingsStore::DisplaySettingsStore(SettingsStore &settings, ScreenList &screens,
                                            QObject *parent)
@@ -63,6 +65,20 @@ std::optional<QList<DisplayConfiguration>> DisplaySettingsStore::decode(const QB
     return JsonArray::decode<DisplayConfiguration>(data);
 }
 
+void DisplaySettingsStore::stopOnDuplicateDisplay(quint32 displayID) const
+{
+    // The one deliberate stop: say what is wrong and how to mend it, then leave without a core
+    // dump and without running anything that could write the settings back.
+    std::fprintf(stderr,
+                 "vantrel: the settings file %s has two records for display %u under \"%s\"; "
+                 "remove one of them (or the whole %s line to start the displays afresh) and "
+                 "start Vantrel again.\n",
+                 qPrintable(m_settings.filePath()), displayID, qPrintable(userDefaultsKey()),
+                 qPrintable(userDefaultsKey()));
+    std::fflush(stderr);
+    std::_Exit(1);
+}
+
 void DisplaySettingsStore::loadConfigurations()
 {
     if (m_settings.contains(userDefaultsKey())) {
@@ -73,7 +89,7 @@ void DisplaySettingsStore::loadConfigurations()
                 // The stored list is trusted to be unique; a duplicate means it was not written
                 // by this program, and guessing which record wins could lose settings silently.
                 if (byID.contains(c.id))
-                    qFatal("Duplicate values for key: '%u", c.id);
+                    stopOnDuplicateDisplay(c.id);
                 byID.insert(c.id, c);
             }
             m_persistedConfigurationsByID = byID;

@@ -64,6 +64,7 @@ signals:
 private:
     static std::optional<AppSettings::KeyPosition> readLegacyPosition(SettingsStore &settings);
     void loadConfigurations();
+    [[noreturn]] void stopOnDuplicateDisplay(quint32 displayID) const;
     void saveConfigurations();
     void updatePublishedConfiguration(const DisplayConfiguration &configuration);
     // Stores a changed record, publishes it and saves.

@@ -14,9 +14,10 @@
 // ($XDG_CONFIG_HOME/Vantrel/Vantrel.conf for the standard store).
 //
 // Values live in memory and are safe to read from any thread; writes happen on the thread that
-// owns the store (the main thread) and go to the file at once. A missing, corrupt or unreadable
-// file reads as empty and is left untouched until a setting is written. Nothing is ever written
-// at start-up.
+// owns the store (the main thread) and go to the file at once. JSON values (display records,
+// presets) stand in the file as plain JSON text; files with the older quoted forms still read. A
+// missing, corrupt or unreadable file reads as empty and is left untouched until a setting is
+// written. Nothing is ever written at start-up.
 class SettingsStore final : public QObject {
     Q_OBJECT
 
@@ -69,7 +70,8 @@ signals:
 
 private:
     void load();
-    void writeToFile(const QString &key, const std::optional<QVariant> &value);
+    void loadStructuredValues();
+    void writeToFile();
 
     QString m_filePath;
     mutable QReadWriteLock m_lock;

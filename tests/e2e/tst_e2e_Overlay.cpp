@@ -1,12 +1,13 @@
 // Whole-program tests: the real vantrel binary on a private two-monitor X server, keys pressed
 // with xdotool, and what a user would see read back from the screen.
 #include "VirtualDisplay.h"
+#include "settings/AppSettings.h"
+#include "settings/SettingsStore.h"
 
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QSettings>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -81,9 +82,9 @@ class tst_e2e_Overlay final : public QObject {
 
     void writeSettings(const QVariantMap &values)
     {
-        QSettings settings(settingsPath(), QSettings::IniFormat);
+        SettingsStore settings(settingsPath());
         for (auto it = values.cbegin(); it != values.cend(); ++it)
-            settings.setValue(it.key(), it.value());
+            settings.setRawValue(it.key(), it.value());
     }
 
     bool startVantrel()
@@ -147,18 +148,16 @@ class tst_e2e_Overlay final : public QObject {
     {
         QVERIFY(startVantrel());
         stopVantrel();
-        QSettings settings(settingsPath(), QSettings::IniFormat);
+        SettingsStore settings(settingsPath());
         QJsonArray displays =
-            QJsonDocument::fromJson(
-                settings.value(QStringLiteral("displayConfigurations")).toByteArray())
-                .array();
+            QJsonDocument::fromJson(settings.value(AppSettings::displayConfigurations)).array();
         QCOMPARE(displays.size(), 2);
         for (auto entry : displays) {
             QJsonObject display = entry.toObject();
             display[QStringLiteral("isEnabled")] = true;
             entry = display;
         }
-        settings.setValue(QStringLiteral("displayConfigurations"),
+        settings.setValue(AppSettings::displayConfigurations,
                           QJsonDocument(displays).toJson(QJsonDocument::Compact));
     }
 
@@ -192,8 +191,8 @@ private slots:
                                  << QStringLiteral("Vantrel ");
         QTest::newRow("unknown option") << QStringList{QStringLiteral("--bogus")} << QString() << 2
                                         << QStringLiteral("unknown option");
-        QTest::newRow("no display") << QStringList() << QString() << 1
-                                    << QStringLiteral("vantrel: no X11 display");
+        QTest::newRow("no display")
+            << QStringList() << QString() << 1 << QStringLiteral("vantrel: no X11 display");
         QTest::newRow("unreachable display") << QStringList() << QStringLiteral(":987") << 1
                                              << QStringLiteral("cannot open X11 display");
     }
@@ -215,6 +214,37 @@ private slots:
         QVERIFY2(text.contains(output), qPrintable(text));
         if (exitCode == 1)
             QCOMPARE(text.count(u'\n'), 1); // one clear line
+    }
+
+    // Two records for one display cannot both be right: Vantrel says how to mend the file and
+    // stops, without a core dump.
+    void duplicateDisplayRecordsStopWithOneClearLine()
+    {
+        QVERIFY(startVantrel());
+        stopVantrel();
+        SettingsStore settings(settingsPath());
+        QJsonArray displays =
+            QJsonDocument::fromJson(settings.value(AppSettings::displayConfigurations)).array();
+        QVERIFY(!displays.isEmpty());
+        displays.append(displays.first());
+        settings.setValue(AppSettings::displayConfigurations,
+                          QJsonDocument(displays).toJson(QJsonDocument::Compact));
+        const QString id = QString::number(displays.first()[QStringLiteral("id")].toInteger());
+
+        QProcess process;
+        QProcessEnvironment env = m_display->environment();
+        env.insert(QStringLiteral("XDG_CONFIG_HOME"), m_config->path());
+        env.insert(QStringLiteral("XDG_RUNTIME_DIR"), m_config->path()); // Qt warns without one
+        process.setProcessEnvironment(env);
+        process.start(QStringLiteral(VANTREL_BINARY), {});
+        QVERIFY(process.waitForFinished(10000));
+        QCOMPARE(process.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(process.exitCode(), 1);
+        const QString text = QString::fromUtf8(process.readAllStandardError());
+        QVERIFY2(text.count(u'\n') == 1, qPrintable(text));
+        for (const QString &part :
+             {settingsPath(), QStringLiteral("\"displayConfigurations\""), id})
+            QVERIFY2(text.contains(part), qPrintable(text));
     }
 
     void shortcutShowsTwoCapsBottomCentreOfPrimaryOnly()
