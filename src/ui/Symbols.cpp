@@ -104,3 +104,8 @@ QIcon Symbols::maskIcon(const QString &name)
     result.setIsMask(true);
     return result;
 }
+
+QIcon Symbols::applicationIcon()
+{
+    return QIcon(QStringLiteral(":/icons/vantrel.svg"));
+}

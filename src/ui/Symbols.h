@@ -25,4 +25,6 @@ public:
     static QIcon icon(const QString &name);
     // The symbol as it is, black on transparent, for "mask" icons that a desktop recolours.
     static QIcon maskIcon(const QString &name);
+    // Vantrel's own icon in colour (window icons, the About tab), sharp at any size.
+    static QIcon applicationIcon();
 };
