@@ -1,0 +1,139 @@
+#include "settings/PositionCustomizerWindowController.h"
+
+#include "capture/CompositorWatcher.h"
+#include "settings/DisplaySettingsStore.h"
+#include "settings/PositionCustomizerView.h"
+#include "settings/ScreenList.h"
+
+#include <QGuiApplication>
+#include <QPointer>
+#include <QScreen>
+
+namespace {
+
+PositionCustomizerWindowController *sharedController = nullptr;
+
+// Where a customizer opens when the display has no stored record.
+constexpr double defaultOffsetX = 0.5;
+constexpr double defaultOffsetY = 0.85;
+
+// The desktop under `area` as it is now, for painting dimmed where no compositor blends.
+QPixmap captureDesktop(const QRect &area)
+{
+    QScreen *screen = QGuiApplication::screenAt(area.center());
+    if (!screen)
+        screen = QGuiApplication::primaryScreen();
+    if (!screen)
+        return {};
+    // Window 0 is the whole desktop; the area is taken relative to this screen.
+    const QPoint origin = area.topLeft() - screen->geometry().topLeft();
+    return screen->grabWindow(0, origin.x(), origin.y(), area.width(), area.height());
+}
+
+} // namespace
+
+PositionCustomizerWindowController::PositionCustomizerWindowController(
+    DisplaySettingsStore &displayStore, SettingsStore &settings,
+    const CompositorWatcher *compositor, QObject *parent)
+    : QObject(parent), m_displayStore(displayStore), m_settings(settings), m_compositor(compositor)
+{
+    sharedController = this;
+    connect(&m_displayStore.screenList(), &ScreenList::screensChanged, this,
+            &PositionCustomizerWindowController::followScreens);
+    if (m_compositor)
+        connect(m_compositor, &CompositorWatcher::compositingChanged, this,
+                [this](bool compositing) {
+                    for (const auto &[id, view] : m_windows)
+                        view->setCompositing(compositing);
+                });
+}
+
+PositionCustomizerWindowController::~PositionCustomizerWindowController()
+{
+    if (sharedController == this)
+        sharedController = nullptr;
+}
+
+PositionCustomizerWindowController *PositionCustomizerWindowController::shared()
+{
+    return sharedController;
+}
+
+void PositionCustomizerWindowController::showPositioningOverlay(quint32 displayID)
+{
+    const auto screen = m_displayStore.screenList().screen(displayID);
+    if (!screen)
+        return;
+    // A second call replaces the open customizer; the replaced one saves nothing.
+    if (auto it = m_windows.find(displayID); it != m_windows.end()) {
+        std::unique_ptr<PositionCustomizerView> old = std::move(it->second);
+        m_windows.erase(it);
+        old->hide();
+        old.release()->deleteLater();
+    }
+
+    const auto configuration = m_displayStore.configuration(displayID);
+    const double x = configuration ? configuration->customOffsetX : defaultOffsetX;
+    const double y = configuration ? configuration->customOffsetY : defaultOffsetY;
+    const QRect frame = screen->availableGeometry;
+
+    auto view = std::make_unique<PositionCustomizerView>(
+        displayID, x, y,
+        [controller = QPointer(this), displayID] {
+            if (controller)
+                controller->dismiss(displayID);
+        },
+        m_displayStore, m_settings);
+    view->setWindowFlags(Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint |
+                         Qt::X11BypassWindowManagerHint | Qt::Tool);
+    view->setWindowTitle(tr("Drag to Position"));
+    const bool compositing = m_compositor && m_compositor->isCompositing();
+    view->setCompositing(compositing);
+    // Taken before the window shows, so the capture has the desktop without it.
+    view->setBackdrop(captureDesktop(frame));
+    view->setGeometry(frame);
+    view->show();
+    view->setGeometry(frame);
+    view->raise();
+    view->activateWindow();
+    m_windows[displayID] = std::move(view);
+}
+
+QWidget *PositionCustomizerWindowController::window(quint32 displayID) const
+{
+    const auto it = m_windows.find(displayID);
+    return it == m_windows.end() ? nullptr : it->second.get();
+}
+
+void PositionCustomizerWindowController::dismiss(quint32 displayID)
+{
+    const auto it = m_windows.find(displayID);
+    if (it == m_windows.end())
+        return;
+    std::unique_ptr<PositionCustomizerView> view = std::move(it->second);
+    m_windows.erase(it);
+    view->hide();
+    // The view may be in the middle of handling the click or key that dismissed it.
+    view.release()->deleteLater();
+    // One program holds the keyboard for one window: the next open customizer takes it over.
+    if (!m_windows.empty())
+        m_windows.begin()->second->takeKeyboard();
+    emit overlayClosed(displayID);
+}
+
+void PositionCustomizerWindowController::followScreens()
+{
+    for (auto it = m_windows.begin(); it != m_windows.end();) {
+        const auto screen = m_displayStore.screenList().screen(it->first);
+        if (!screen) {
+            std::unique_ptr<PositionCustomizerView> view = std::move(it->second);
+            it = m_windows.erase(it);
+            view->hide();
+            view.release()->deleteLater();
+            continue;
+        }
+        if (it->second->geometry() != screen->availableGeometry)
+            it->second->setGeometry(screen->availableGeometry);
+        ++it;
+    }
+}
