@@ -39,6 +39,24 @@ QString StylePresetActions::presetName(const QString &typed)
     return name;
 }
 
+QString StylePresetActions::limitNameLength(const QString &typed)
+{
+    return firstCharacters(typed, maxNameLength);
+}
+
+AppearanceSettingsSnapshot StylePresetActions::snapshotOf(AppSettings::KeyStyle style)
+{
+    const KeyStylePreset p = AppSettings::getStylePreset(style);
+    return {p.keySize,         p.keySpacing,
+            p.keyOpacity,      AppSettings::rawValue(p.keyAnimationStyle),
+            p.fontName,        p.textColor,
+            p.backgroundColor, p.borderColor,
+            p.borderWidth,     p.cornerRadius,
+            p.shadowEnabled,   p.shadowRadius,
+            p.shadowColor,     p.glowEnabled,
+            p.glowColor,       p.glowRadius};
+}
+
 CustomKeyStylePreset StylePresetActions::saveCurrentLookAsPreset(const QString &typedName)
 {
     const CustomKeyStylePreset preset{QUuid::createUuid(), presetName(typedName),
@@ -53,11 +71,7 @@ void StylePresetActions::applyBuiltInStyle(AppSettings::KeyStyle style)
 {
     m_settings.setValue(AppSettings::keyStyle, style);
     m_settings.setValue(AppSettings::selectedCustomPresetID, QString());
-    const KeyStylePreset p = AppSettings::getStylePreset(style);
-    writeLook({p.keySize, p.keySpacing, p.keyOpacity, AppSettings::rawValue(p.keyAnimationStyle),
-               p.fontName, p.textColor, p.backgroundColor, p.borderColor, p.borderWidth,
-               p.cornerRadius, p.shadowEnabled, p.shadowRadius, p.shadowColor, p.glowEnabled,
-               p.glowColor, p.glowRadius});
+    writeLook(snapshotOf(style));
 }
 
 void StylePresetActions::applyCustomPreset(const CustomKeyStylePreset &preset)

@@ -19,6 +19,12 @@ public:
     // The name a preset gets for what the user typed: trimmed, cut to 10 characters (as the user
     // sees characters), trimmed again; "Preset" when nothing is left.
     static QString presetName(const QString &typed);
+    // The longest name a preset keeps, in characters as the user sees them.
+    static constexpr int maxNameLength = 10;
+    // What the name field keeps of `typed`: text of 11 characters or more is cut to its first 10.
+    static QString limitNameLength(const QString &typed);
+    // The sixteen values of a built-in style as a look, the animation as its text.
+    static AppearanceSettingsSnapshot snapshotOf(AppSettings::KeyStyle style);
 
     // Saves the current look under `typedName` as a new preset, selects it and returns it.
     CustomKeyStylePreset saveCurrentLookAsPreset(const QString &typedName);
@@ -29,6 +35,9 @@ public:
     void applyCustomPreset(const CustomKeyStylePreset &preset);
     // Deletes a saved preset; when it was the selected one, the look returns to `modern`.
     void deletePreset(const QUuid &id);
+    // Writes the sixteen values of a look; neither the built-in style nor the selected preset
+    // changes. An animation this version does not know applies no animation.
+    void applyAppearanceSnapshot(const AppearanceSettingsSnapshot &look) { writeLook(look); }
 
     // A style tile is marked while no valid preset id is selected and it is the stored style.
     bool isBuiltInStyleSelected(AppSettings::KeyStyle style) const;
