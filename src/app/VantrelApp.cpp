@@ -1,5 +1,9 @@
 #include "app/VantrelApp.h"
 
+#include "app/AppActions.h"
+#include "app/AppDelegate.h"
+#include "app/RemoteControl.h"
+#include "app/TrayMenu.h"
 #include "capture/CaptureBackend.h"
 #include "capture/CompositorWatcher.h"
 #include "capture/KeyManager.h"
@@ -10,13 +14,130 @@
 #include "settings/DisplaySettingsStore.h"
 #include "settings/SettingsStore.h"
 
-#include <QCoreApplication>
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QSystemTrayIcon>
 #include <QTimer>
 
+#include <algorithm>
+#include <array>
 #include <cstdio>
+#include <cstring>
+#include <memory>
 
-VantrelApp::VantrelApp(SettingsStore &settings, QObject *parent)
-    : QObject(parent), m_settings(settings)
+namespace {
+
+// Options that call the running instance, and the call each makes.
+struct RemoteOption {
+    const char *option;
+    const char *method;
+    const char *help;
+};
+constexpr std::array remoteOptions{
+    RemoteOption{"--toggle", "toggleVantrel", "Start or stop showing keys."},
+    RemoteOption{"--increase-key-size", "increaseKeySize", "Make the key caps larger."},
+    RemoteOption{"--decrease-key-size", "decreaseKeySize", "Make the key caps smaller."},
+    RemoteOption{"--position-customizer", "openPositionCustomizer",
+                 "Drag the key row to a place of your own."},
+    RemoteOption{"--toggle-mouse-clicks", "toggleMouseClicks", "Show or hide mouse clicks."},
+    RemoteOption{"--settings", "showSettings", "Open the settings window."},
+    RemoteOption{"--quit", "quit", "Quit Vantrel."},
+};
+
+// Without a tray host for this long, the settings window stands in for the menu.
+constexpr int trayHostWaitMs = 5000;
+constexpr int trayHostPollMs = 250;
+
+void printHelp()
+{
+    std::printf("Usage: vantrel [option]\n\n"
+                "Shows the keys you press as key caps in a transparent overlay on each enabled\n"
+                "display, for presentations, teaching, streams and screencasts. It lives in the\n"
+                "system tray; starting it again opens the settings of the running Vantrel.\n\n"
+                "Options:\n"
+                "  -h, --help               Show this help and exit.\n"
+                "  -v, --version            Show the version and exit.\n\n"
+                "Remote control of the running Vantrel (bind these to keys of your desktop):\n");
+    for (const RemoteOption &option : remoteOptions)
+        std::printf("  %-24s %s\n", option.option, option.help);
+    std::printf("\nSettings: %s\n", qPrintable(SettingsStore::standardFilePath()));
+}
+
+int callRunningInstance(int argc, char *argv[], const char *method)
+{
+    QCoreApplication app(argc, argv);
+    if (RemoteControl::callRunningInstance(QString::fromLatin1(method)) ==
+        RemoteControl::CallResult::notRunning) {
+        std::fprintf(stderr, "Vantrel is not running\n");
+        return 1;
+    }
+    return 0;
+}
+
+} // namespace
+
+int VantrelApp::main(int argc, char *argv[])
+{
+    // Options that need no display are answered before anything else starts.
+    const char *remoteMethod = nullptr;
+    for (int i = 1; i < argc; ++i) {
+        if (!std::strcmp(argv[i], "--help") || !std::strcmp(argv[i], "-h")) {
+            printHelp();
+            return 0;
+        }
+        if (!std::strcmp(argv[i], "--version") || !std::strcmp(argv[i], "-v")) {
+            std::printf("Vantrel %s (build %s)\n", VANTREL_VERSION, VANTREL_BUILD_NUMBER);
+            return 0;
+        }
+        const auto remote =
+            std::find_if(remoteOptions.begin(), remoteOptions.end(),
+                         [&](const RemoteOption &o) { return !std::strcmp(argv[i], o.option); });
+        if (remote == remoteOptions.end() || remoteMethod) {
+            std::fprintf(stderr, "vantrel: %s '%s' (see vantrel --help)\n",
+                         remoteMethod ? "one option at a time, not" : "unknown option", argv[i]);
+            return 2;
+        }
+        remoteMethod = remote->method;
+    }
+    if (remoteMethod)
+        return callRunningInstance(argc, argv, remoteMethod);
+
+    if (const QString problem = Platform::displayProblem(); !problem.isEmpty()) {
+        std::fprintf(stderr, "vantrel: %s\n", qPrintable(problem));
+        return 1;
+    }
+    // Capture and overlays are X11's; under a Wayland session Vantrel runs through XWayland.
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "xcb");
+
+    QApplication app(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("Vantrel"));
+    QApplication::setOrganizationName(QStringLiteral("Vantrel"));
+    QApplication::setApplicationVersion(QStringLiteral(VANTREL_VERSION));
+    QApplication::setQuitOnLastWindowClosed(false);
+
+    const RemoteControl::Claim claim = RemoteControl::claimServiceName();
+    if (claim == RemoteControl::Claim::takenByAnother) {
+        // One Vantrel per session: the running one shows its settings instead.
+        if (RemoteControl::callRunningInstance(QStringLiteral("showSettings")) ==
+            RemoteControl::CallResult::done) {
+            std::printf("Vantrel is already running; its settings window opens.\n");
+            return 0;
+        }
+        std::fprintf(stderr, "vantrel: another Vantrel holds the session but does not answer\n");
+        return 1;
+    }
+    if (claim == RemoteControl::Claim::noBus)
+        std::fprintf(stderr, "vantrel: no D-Bus session bus; running alone, without remote "
+                             "control or the one-instance check\n");
+
+    VantrelApp vantrel(SettingsStore::standard(), claim == RemoteControl::Claim::owned);
+    Platform::watchTerminationSignals(&vantrel, [&vantrel] { vantrel.quit(); });
+    return QApplication::exec();
+}
+
+VantrelApp::VantrelApp(SettingsStore &settings, bool remoteControl, QObject *parent)
+    : QObject(parent), m_settings(settings), m_appDelegate(std::make_unique<AppDelegate>())
 {
     m_layoutSource = Platform::createKeyboardLayoutSource(this);
     KeyboardLayoutTranslator::installSharedSource(m_layoutSource);
@@ -38,12 +159,59 @@ VantrelApp::VantrelApp(SettingsStore &settings, QObject *parent)
     else if (!settings.value(AppSettings::isVantrelEnabled))
         std::printf("Vantrel is switched off (\"Show pressed keys on screen\" is off).\n");
     std::fflush(stdout);
+
+    m_actions = std::make_unique<AppActions>(settings, *m_keyManager, displayStore.screenList());
+    registerGlobalShortcuts();
+
+    m_trayMenu = std::make_unique<TrayMenu>(settings, *m_actions);
+    connect(m_trayMenu.get(), &TrayMenu::settingsRequested, this, &VantrelApp::showSettings);
+    connect(m_trayMenu.get(), &TrayMenu::updateCheckRequested, m_appDelegate.get(),
+            &AppDelegate::checkForUpdates);
+    connect(m_trayMenu.get(), &TrayMenu::quitRequested, this, &VantrelApp::quit);
+    watchForTrayHost();
+
+    if (remoteControl) {
+        m_remoteControl = std::make_unique<RemoteControl>(
+            *m_actions, [this] { showSettings(); }, [this] { quit(); });
+        m_remoteControl->exportOnSessionBus();
+    }
 }
 
 VantrelApp::~VantrelApp()
 {
+    m_remoteControl.reset();
+    m_trayMenu.reset();
     // The manager stops its capture and closes its windows before the factory goes.
     m_keyManager.reset();
+}
+
+void VantrelApp::showSettings()
+{
+    // The settings window is not part of the program yet; this is where it opens.
+}
+
+void VantrelApp::registerGlobalShortcuts()
+{
+    // The global shortcut library binds its five names to `m_actions` here.
+}
+
+void VantrelApp::watchForTrayHost()
+{
+    // Qt tells no one when a tray host appears, so ask a few times before giving up.
+    auto *poll = new QTimer(this);
+    auto waited = std::make_shared<QElapsedTimer>();
+    waited->start();
+    connect(poll, &QTimer::timeout, this, [this, poll, waited] {
+        if (QSystemTrayIcon::isSystemTrayAvailable()) {
+            poll->deleteLater();
+        } else if (waited->elapsed() >= trayHostWaitMs) {
+            poll->deleteLater();
+            std::fprintf(stderr, "vantrel: no system tray found; opening the settings window "
+                                 "instead of the tray menu\n");
+            showSettings();
+        }
+    });
+    poll->start(trayHostPollMs);
 }
 
 void VantrelApp::reportListening(bool listening)

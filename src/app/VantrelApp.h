@@ -4,34 +4,55 @@
 
 #include <memory>
 
+class AppActions;
+class AppDelegate;
 class CompositorWatcher;
-class DisplaySettingsStore;
 class KeyDisplayOverlayWindowFactory;
 class KeyManager;
 class KeyboardLayoutSource;
+class RemoteControl;
 class SettingsStore;
+class TrayMenu;
 
-// The running program: the settings, the display store, the key manager with its capture and
-// the overlay windows. Needs a QApplication.
+// The running program: the update checks, the key manager with its capture and overlay windows,
+// the shared actions, the tray menu and the remote control. Needs a QApplication.
 class VantrelApp final : public QObject {
     Q_OBJECT
 
 public:
-    explicit VantrelApp(SettingsStore &settings, QObject *parent = nullptr);
+    // The program's entry: answers the command line, hands remote calls to a running instance,
+    // or runs Vantrel until it quits. Returns the process's exit code.
+    static int main(int argc, char *argv[]);
+
+    // `remoteControl`: offer the actions on the session bus (this process owns the name).
+    explicit VantrelApp(SettingsStore &settings, bool remoteControl = false,
+                        QObject *parent = nullptr);
     ~VantrelApp() override;
 
     KeyManager &keyManager() const { return *m_keyManager; }
+    AppActions &actions() const { return *m_actions; }
+    TrayMenu &trayMenu() const { return *m_trayMenu; }
+    AppDelegate &appDelegate() const { return *m_appDelegate; }
 
-    // Stops the capture and closes the windows, then quits the event loop.
+    // Opens the settings window, or brings it forward.
+    void showSettings();
+    // Stops the capture and closes the windows, then quits the event loop. Nothing is saved:
+    // every setting was written when it changed.
     void quit();
 
 private:
+    void registerGlobalShortcuts();
+    void watchForTrayHost();
     void reportListening(bool listening);
 
     SettingsStore &m_settings;
+    std::unique_ptr<AppDelegate> m_appDelegate;
     std::shared_ptr<KeyboardLayoutSource> m_layoutSource;
     std::unique_ptr<CompositorWatcher> m_compositor;
     std::unique_ptr<KeyDisplayOverlayWindowFactory> m_windowFactory;
     std::unique_ptr<KeyManager> m_keyManager;
+    std::unique_ptr<AppActions> m_actions;
+    std::unique_ptr<TrayMenu> m_trayMenu;
+    std::unique_ptr<RemoteControl> m_remoteControl;
     bool m_quitting = false;
 };

@@ -1,0 +1,170 @@
+#include "app/TrayMenu.h"
+
+#include "app/AppActions.h"
+#include "app/BuildConfig.h"
+#include "app/Constants.h"
+#include "settings/AppSettings.h"
+#include "settings/SettingsStore.h"
+#include "ui/Symbols.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QCursor>
+#include <QDesktopServices>
+#include <QMenu>
+#include <QPainter>
+#include <QPalette>
+#include <QSystemTrayIcon>
+#include <QUrl>
+
+namespace {
+
+void openLink(const char *address)
+{
+    QDesktopServices::openUrl(QUrl(QString::fromUtf8(address)));
+}
+
+// Drawn when no symbol can be had, so that the tray never shows an empty slot: a rounded
+// square with a question mark.
+QIcon drawnGenericIcon(const QColor &tint)
+{
+    QIcon icon;
+    for (const int size : {16, 22, 24, 32, 48, 64}) {
+        QPixmap pixmap(size, size);
+        pixmap.fill(Qt::transparent);
+        QPainter painter(&pixmap);
+        painter.setRenderHint(QPainter::Antialiasing);
+        const qreal pen = qMax(1.5, size / 12.0);
+        painter.setPen(QPen(tint, pen));
+        painter.drawRoundedRect(QRectF(pen, pen, size - 2 * pen, size - 2 * pen), size / 6.0,
+                                size / 6.0);
+        QFont font = painter.font();
+        font.setBold(true);
+        font.setPixelSize(qRound(size * 0.62));
+        painter.setFont(font);
+        painter.drawText(QRect(0, 0, size, size), Qt::AlignCenter, QStringLiteral("?"));
+        painter.end();
+        icon.addPixmap(pixmap);
+    }
+    return icon;
+}
+
+} // namespace
+
+TrayMenu::TrayMenu(SettingsStore &settings, AppActions &actions, QObject *parent)
+    : QObject(parent), m_settings(settings), m_actions(actions), m_menu(std::make_unique<QMenu>()),
+      m_trayIcon(std::make_unique<QSystemTrayIcon>())
+{
+    buildMenu();
+    m_trayIcon->setToolTip(QStringLiteral("Vantrel"));
+    m_trayIcon->setContextMenu(m_menu.get());
+    // A left click opens the same menu: the icon has no other use.
+    connect(m_trayIcon.get(), &QSystemTrayIcon::activated, this,
+            [this](QSystemTrayIcon::ActivationReason reason) {
+                if (reason == QSystemTrayIcon::Trigger && !m_menu->isVisible())
+                    m_menu->popup(QCursor::pos());
+            });
+    updateIcon();
+    m_settings.observe(AppSettings::menuBarIcon.name(), this, [this] { updateIcon(); });
+    m_settings.observe(AppSettings::isVantrelEnabled.name(), this, [this] { updateToggleTitle(); });
+    m_trayIcon->show();
+}
+
+TrayMenu::~TrayMenu() = default;
+
+QAction *TrayMenu::action(const QString &shortcutName) const
+{
+    return m_shortcutActions.value(shortcutName);
+}
+
+void TrayMenu::buildMenu()
+{
+    QMenu &menu = *m_menu;
+    const auto addShortcutRow = [this, &menu](const QString &name, const QString &title,
+                                              void (AppActions::*run)()) {
+        QAction *row = menu.addAction(title);
+        connect(row, &QAction::triggered, this, [this, run] { (m_actions.*run)(); });
+        m_shortcutActions.insert(name, row);
+    };
+    addShortcutRow(QStringLiteral("toggleVantrel"), QString(), &AppActions::toggleVantrel);
+    updateToggleTitle();
+    menu.addSeparator();
+    addShortcutRow(QStringLiteral("increaseKeySize"), QStringLiteral("Increase Key Size"),
+                   &AppActions::increaseKeySize);
+    addShortcutRow(QStringLiteral("decreaseKeySize"), QStringLiteral("Decrease Key Size"),
+                   &AppActions::decreaseKeySize);
+    addShortcutRow(QStringLiteral("openPositionCustomizer"),
+                   QStringLiteral("Open Position Customizer"), &AppActions::openPositionCustomizer);
+    addShortcutRow(QStringLiteral("toggleMouseClicks"), QStringLiteral("Toggle Mouse Clicks"),
+                   &AppActions::toggleMouseClicks);
+    menu.addSeparator();
+
+    QAction *settings = menu.addAction(QStringLiteral("Settings..."));
+    settings->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Comma));
+    connect(settings, &QAction::triggered, this, &TrayMenu::settingsRequested);
+
+    QMenu *help = menu.addMenu(QStringLiteral("Help"));
+    connect(help->addAction(QStringLiteral("FAQ")), &QAction::triggered, this,
+            [] { openLink(BuildConfig::faqUrl); });
+    connect(help->addAction(QStringLiteral("Videos")), &QAction::triggered, this,
+            [] { openLink(BuildConfig::videosUrl); });
+    connect(help->addAction(QStringLiteral("Support")), &QAction::triggered, this,
+            [] { QDesktopServices::openUrl(QUrl(Constants::supportEmailLink())); });
+
+    QMenu *social = menu.addMenu(QStringLiteral("Social"));
+    connect(social->addAction(QStringLiteral("X")), &QAction::triggered, this,
+            [] { openLink(BuildConfig::xProfileUrl); });
+    connect(social->addAction(QStringLiteral("YouTube")), &QAction::triggered, this,
+            [] { openLink(BuildConfig::youTubeChannelUrl); });
+    menu.addSeparator();
+
+    connect(menu.addAction(QStringLiteral("Check for Updates...")), &QAction::triggered, this,
+            &TrayMenu::updateCheckRequested);
+    menu.addSeparator();
+
+    connect(menu.addAction(QStringLiteral("Website")), &QAction::triggered, this,
+            [] { openLink(BuildConfig::websiteUrl); });
+    connect(menu.addAction(QStringLiteral("Suggest Idea")), &QAction::triggered, this,
+            [] { openLink(BuildConfig::ideasUrl); });
+    connect(menu.addAction(QStringLiteral("More Apps")), &QAction::triggered, this,
+            [] { openLink(BuildConfig::moreAppsUrl); });
+    menu.addSeparator();
+
+    QAction *quit = menu.addAction(QStringLiteral("Quit Vantrel"));
+    quit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
+    connect(quit, &QAction::triggered, this, &TrayMenu::quitRequested);
+}
+
+void TrayMenu::updateToggleTitle()
+{
+    // The title follows the setting, not whether capture runs (without access it still offers
+    // to stop).
+    m_shortcutActions.value(QStringLiteral("toggleVantrel"))
+        ->setText(m_settings.value(AppSettings::isVantrelEnabled)
+                      ? QStringLiteral("Stop Vantrel")
+                      : QStringLiteral("Start Vantrel"));
+}
+
+void TrayMenu::updateIcon()
+{
+    m_trayIcon->setIcon(
+        iconForName(m_settings.value(AppSettings::menuBarIcon), QApplication::palette()));
+}
+
+QIcon TrayMenu::iconForName(const QString &name, const QPalette &palette)
+{
+    // Panels usually share the desktop theme's window colour: draw in its contrasting text
+    // colour, so the symbol reads on light and dark panels alike.
+    const QColor tint = palette.color(QPalette::WindowText);
+    const AppSettings::DefaultSettings &defaults = AppSettings::shared();
+    if (defaults.menuBarIconOptions.contains(name) && Symbols::exists(name)) {
+        QIcon icon = Symbols::icon(name, tint);
+        // Our own symbol is a mask: desktops that recolour symbolic icons may do so.
+        if (defaults.customMenuBarIconNames.contains(name))
+            icon.setIsMask(true);
+        if (!icon.isNull())
+            return icon;
+    }
+    const QIcon generic = Symbols::icon(QStringLiteral("questionmark.square"), tint);
+    return generic.isNull() ? drawnGenericIcon(tint) : generic;
+}

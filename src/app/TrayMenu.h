@@ -1,0 +1,53 @@
+#pragma once
+
+#include <QHash>
+#include <QIcon>
+#include <QObject>
+#include <QString>
+
+#include <memory>
+
+class AppActions;
+class QAction;
+class QMenu;
+class QPalette;
+class QSystemTrayIcon;
+class SettingsStore;
+
+// Vantrel's permanent user interface: the tray icon and its menu of eighteen rows. The icon
+// follows the `menuBarIcon` setting and the first row the master switch, both live.
+class TrayMenu final : public QObject {
+    Q_OBJECT
+
+public:
+    TrayMenu(SettingsStore &settings, AppActions &actions, QObject *parent = nullptr);
+    ~TrayMenu() override;
+
+    QMenu &menu() const { return *m_menu; }
+    QSystemTrayIcon &trayIcon() const { return *m_trayIcon; }
+
+    // The row of a global shortcut's action ("toggleVantrel", "increaseKeySize",
+    // "decreaseKeySize", "openPositionCustomizer", "toggleMouseClicks"), so that it can show the
+    // recorded shortcut; null for other names.
+    QAction *action(const QString &shortcutName) const;
+
+    // The tray icon for a `menuBarIcon` name, tinted to stand out from `palette`'s window colour.
+    // An unknown name, or a symbol not drawn, gives a generic icon.
+    static QIcon iconForName(const QString &name, const QPalette &palette);
+
+signals:
+    void settingsRequested();
+    void updateCheckRequested();
+    void quitRequested();
+
+private:
+    void buildMenu();
+    void updateToggleTitle();
+    void updateIcon();
+
+    SettingsStore &m_settings;
+    AppActions &m_actions;
+    std::unique_ptr<QMenu> m_menu;
+    std::unique_ptr<QSystemTrayIcon> m_trayIcon;
+    QHash<QString, QAction *> m_shortcutActions;
+};
