@@ -4,6 +4,7 @@
 #include "platform/linux/XkbKeyboardLayoutSource.h"
 #include "platform/x11/X11CaptureBackend.h"
 #include "platform/x11/X11CompositorWatcher.h"
+#include "platform/x11/X11HotKeyGrabber.h"
 #include "platform/x11/X11KeyboardLayoutMonitor.h"
 
 #include <xcb/xcb.h>
@@ -50,4 +51,9 @@ Platform::createCaptureBackend(const std::shared_ptr<KeyboardLayoutSource> &nami
     // Only an xkbcommon layout can follow the server's keymap; any other source stays as it is.
     return std::make_unique<X11CaptureBackend>(
         QByteArray(), std::dynamic_pointer_cast<XkbKeyboardLayoutSource>(namingSource));
+}
+
+std::unique_ptr<HotKeyGrabber> Platform::createHotKeyGrabber()
+{
+    return X11HotKeyGrabber::create();
 }

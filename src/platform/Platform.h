@@ -7,6 +7,7 @@
 
 class CaptureBackend;
 class CompositorWatcher;
+class HotKeyGrabber;
 class KeyboardLayoutSource;
 class QObject;
 
@@ -32,4 +33,6 @@ public:
     // each event was typed in, so a layout switch names the very next key.
     static std::unique_ptr<CaptureBackend>
     createCaptureBackend(const std::shared_ptr<KeyboardLayoutSource> &namingSource);
+    // System-wide key grabs for KeyboardShortcuts; nothing when no display can be reached.
+    static std::unique_ptr<HotKeyGrabber> createHotKeyGrabber();
 };

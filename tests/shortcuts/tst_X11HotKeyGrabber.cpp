@@ -1,0 +1,144 @@
+#include "VirtualDisplay.h"
+
+#include "platform/x11/X11HotKeyGrabber.h"
+
+#include <QTest>
+
+#include <xcb/xcb.h>
+
+#include <cstdlib>
+
+namespace {
+
+const QString name = QStringLiteral("toggleVantrel");
+const QKeyCombination ctrlAltK(Qt::CTRL | Qt::ALT, Qt::Key_K);
+// Z moves to another key under the German layout.
+const QKeyCombination ctrlAltZ(Qt::CTRL | Qt::ALT, Qt::Key_Z);
+
+// The server's modifier and lock state, as a pointer query reports it.
+quint16 modifierState(const QString &display)
+{
+    xcb_connection_t *connection = xcb_connect(qPrintable(display), nullptr);
+    const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(connection)).data->root;
+    xcb_query_pointer_reply_t *reply =
+        xcb_query_pointer_reply(connection, xcb_query_pointer(connection, root), nullptr);
+    const quint16 state = reply ? reply->mask : 0;
+    std::free(reply);
+    xcb_disconnect(connection);
+    return state;
+}
+
+} // namespace
+
+// Key grabs against a private Xvfb, keys pressed with xdotool (XTest).
+class tst_X11HotKeyGrabber final : public QObject {
+    Q_OBJECT
+
+    VirtualDisplay m_xvfb;
+    std::unique_ptr<X11HotKeyGrabber> m_grabber;
+    int m_presses = 0;
+    int m_releases = 0;
+
+private slots:
+    void initTestCase()
+    {
+        QString error;
+        QVERIFY2(m_xvfb.start(&error), qPrintable(error));
+    }
+    void init()
+    {
+        m_grabber = X11HotKeyGrabber::create(m_xvfb.displayName().toLocal8Bit());
+        QVERIFY(m_grabber);
+        m_presses = m_releases = 0;
+        connect(m_grabber.get(), &HotKeyGrabber::pressed, this, [this] { ++m_presses; });
+        connect(m_grabber.get(), &HotKeyGrabber::released, this, [this] { ++m_releases; });
+    }
+    void cleanup()
+    {
+        m_grabber.reset();
+        m_xvfb.run(QStringLiteral("setxkbmap"), {QStringLiteral("us")});
+    }
+
+    void lockVariants()
+    {
+        const quint16 ctrlAlt = XCB_MOD_MASK_CONTROL | XCB_MOD_MASK_1;
+        const QList<quint16> variants = X11HotKeyGrabber::lockVariants(ctrlAlt);
+        const quint16 locks = XCB_MOD_MASK_LOCK | XCB_MOD_MASK_2 | XCB_MOD_MASK_5;
+        QSet<quint16> expected;
+        for (quint16 subset = 0; subset <= locks; ++subset)
+            if ((subset & ~locks) == 0)
+                expected.insert(ctrlAlt | subset);
+        QCOMPARE(QSet<quint16>(variants.cbegin(), variants.cend()), expected);
+    }
+
+    // Before the press: xdotool key names of locks to turn on, or a layout to switch to.
+    void firesOnceOnRelease_data()
+    {
+        QTest::addColumn<QStringList>("locks");
+        QTest::addColumn<QString>("layout");
+        QTest::addColumn<int>("lockState");
+        QTest::newRow("plain") << QStringList() << QString() << 0;
+        QTest::newRow("Caps Lock on")
+            << QStringList{QStringLiteral("Caps_Lock")} << QString() << int(XCB_MOD_MASK_LOCK);
+        QTest::newRow("Num Lock on")
+            << QStringList{QStringLiteral("Num_Lock")} << QString() << int(XCB_MOD_MASK_2);
+        QTest::newRow("both locks on")
+            << QStringList{QStringLiteral("Caps_Lock"), QStringLiteral("Num_Lock")} << QString()
+            << int(XCB_MOD_MASK_LOCK | XCB_MOD_MASK_2);
+        QTest::newRow("after a layout change") << QStringList() << QStringLiteral("de") << 0;
+    }
+    void firesOnceOnRelease()
+    {
+        QFETCH(QStringList, locks);
+        QFETCH(QString, layout);
+        QFETCH(int, lockState);
+        QCOMPARE(m_grabber->grab(name, ctrlAltZ), HotKeyGrabber::GrabResult::grabbed);
+        if (!layout.isEmpty()) {
+            QVERIFY(m_xvfb.run(QStringLiteral("setxkbmap"), {layout}));
+            QTest::qWait(300);
+        }
+        for (const QString &lock : locks)
+            QVERIFY(m_xvfb.xdotool({QStringLiteral("key"), lock}));
+        QCOMPARE(modifierState(m_xvfb.displayName()) & (XCB_MOD_MASK_LOCK | XCB_MOD_MASK_2),
+                 lockState);
+        QVERIFY(m_xvfb.xdotool({QStringLiteral("keydown"), QStringLiteral("ctrl+alt+z")}));
+        // Held past the server's repeat delay: presses may repeat, but nothing is released.
+        QTest::qWait(700);
+        QCOMPARE(m_releases, 0);
+        QVERIFY(m_presses >= 1);
+        QVERIFY(m_xvfb.xdotool({QStringLiteral("keyup"), QStringLiteral("ctrl+alt+z")}));
+        QTRY_COMPARE(m_releases, 1);
+        for (const QString &lock : locks)
+            QVERIFY(m_xvfb.xdotool({QStringLiteral("key"), lock}));
+        QTest::qWait(200);
+        QCOMPARE(m_releases, 1);
+    }
+
+    void releasedGrabIsFree()
+    {
+        QCOMPARE(m_grabber->grab(name, ctrlAltK), HotKeyGrabber::GrabResult::grabbed);
+        m_grabber->release(name);
+        QVERIFY(m_xvfb.xdotool({QStringLiteral("key"), QStringLiteral("ctrl+alt+k")}));
+        QTest::qWait(300);
+        QCOMPARE(m_presses, 0);
+    }
+
+    void takenByAnotherClient()
+    {
+        xcb_connection_t *other = xcb_connect(qPrintable(m_xvfb.displayName()), nullptr);
+        QVERIFY(!xcb_connection_has_error(other));
+        const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(other)).data->root;
+        // Keycode 45 is K on the server's US keyboard; no lock held.
+        xcb_generic_error_t *error = xcb_request_check(
+            other, xcb_grab_key_checked(other, 0, root, XCB_MOD_MASK_CONTROL | XCB_MOD_MASK_1, 45,
+                                        XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC));
+        QVERIFY(!error);
+        QCOMPARE(m_grabber->grab(name, ctrlAltK), HotKeyGrabber::GrabResult::taken);
+        xcb_disconnect(other);
+        // Free again once the other program has gone.
+        QTRY_COMPARE(m_grabber->grab(name, ctrlAltK), HotKeyGrabber::GrabResult::grabbed);
+    }
+};
+
+QTEST_MAIN(tst_X11HotKeyGrabber)
+#include "tst_X11HotKeyGrabber.moc"
