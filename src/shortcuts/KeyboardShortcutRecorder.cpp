@@ -75,6 +75,8 @@ KeyboardShortcutRecorder::KeyboardShortcutRecorder(KeyboardShortcuts &shortcuts,
 
     connect(&shortcuts, &KeyboardShortcuts::shortcutByNameDidChange, this,
             [this](const QString &changed) {
+                // A refusal may no longer hold once any shortcut changed.
+                setMessage({});
                 if (changed == m_name)
                     updateField();
             });
