@@ -11,7 +11,7 @@ BUILD_PACKAGES=(
     libxkbcommon-dev libxkbcommon-x11-dev xkb-data
     libxcb1-dev libxcb-xkb-dev libxcb-xinput-dev libxcb-xfixes0-dev libxcb-randr0-dev
     libxcb-shape0-dev libxcb-damage0-dev libxcb-xtest0-dev
-    fonts-dejavu-core
+    fonts-dejavu-core librsvg2-bin desktop-file-utils appstream
 )
 # A virtual display and the tools that drive it (tests read the screen through X itself).
 DISPLAY_PACKAGES=(xvfb xdotool x11-xserver-utils x11-xkb-utils xcompmgr)

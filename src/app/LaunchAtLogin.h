@@ -4,8 +4,9 @@
 #include <QString>
 
 // Starting Vantrel when the user logs in: an XDG autostart entry in the user's autostart
-// directory ($XDG_CONFIG_HOME/autostart/vantrel.desktop) whose Exec names this program's absolute
-// path. On means the entry exists and is not hidden.
+// directory ($XDG_CONFIG_HOME/autostart/vantrel.desktop), made from the application menu's desktop
+// entry with Exec naming this program's absolute path. On means the entry exists and is not
+// hidden.
 class LaunchAtLogin final : public QObject {
     Q_OBJECT
 
