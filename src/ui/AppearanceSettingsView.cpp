@@ -210,6 +210,13 @@ void AppearanceSettingsView::rebuildCustomTiles()
         ++index;
     }
     m_grid->addWidget(m_addTile, index / styleGridColumns, index % styleGridColumns);
+    // Keyboard focus moves through the tiles in grid order, new tiles included.
+    QWidget *previous = m_styleTiles.last().second;
+    for (const auto &[id, tile] : std::as_const(m_customTiles)) {
+        QWidget::setTabOrder(previous, tile);
+        previous = tile;
+    }
+    QWidget::setTabOrder(previous, m_addTile);
     refreshTileSelection();
 }
 

@@ -7,6 +7,7 @@
 
 #include <QEnterEvent>
 #include <QFontMetrics>
+#include <QKeyEvent>
 #include <QPainter>
 #include <QPainterPath>
 #include <QToolButton>
@@ -197,6 +198,15 @@ void KeyStylePreview::resizeEvent(QResizeEvent *event)
 {
     QAbstractButton::resizeEvent(event);
     placeRemoveButton();
+}
+
+void KeyStylePreview::keyPressEvent(QKeyEvent *event)
+{
+    if (m_removeButton && (event->key() == Qt::Key_Delete || event->key() == Qt::Key_Backspace)) {
+        emit removeRequested();
+        return;
+    }
+    QAbstractButton::keyPressEvent(event);
 }
 
 void KeyStylePreview::changeEvent(QEvent *event)

@@ -12,7 +12,7 @@ class QToolButton;
 // One tile of the style grid: a sample key drawn with the real key cap in the tile's look, the
 // look's name beneath, and a background tinted with the accent colour while it is the look in
 // use. A tile of a saved preset can be removable: a small red trash button then shows at its top
-// trailing corner while the pointer is over it.
+// trailing corner while the pointer is over it (Delete does the same from the keyboard).
 class KeyStylePreview final : public QAbstractButton {
     Q_OBJECT
 
@@ -48,6 +48,7 @@ protected:
     void enterEvent(QEnterEvent *event) override;
     void leaveEvent(QEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
     void changeEvent(QEvent *event) override;
 
 private:
