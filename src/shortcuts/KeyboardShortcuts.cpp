@@ -210,6 +210,7 @@ void KeyboardShortcuts::handleRelease(const QString &name)
     // Only a release that ends a press seen outside recording fires, once.
     if (!m_held.remove(name) || isRecorderActive())
         return;
-    if (const auto handler = m_handlers.constFind(name); handler != m_handlers.cend() && *handler)
-        (*handler)();
+    // A copy, since the action may register handlers itself.
+    if (const std::function<void()> action = m_handlers.value(name))
+        action();
 }
