@@ -28,6 +28,7 @@ void AppDelegate::checkForUpdates()
     // Not modal and not waited for: the menu and the overlays keep running during the check.
     auto *dialog = new QMessageBox(QMessageBox::Information, QStringLiteral("Software Update"),
                                    QStringLiteral("Checking for updates…"), QMessageBox::Cancel);
+    dialog->setWindowModality(Qt::NonModal); // a message box is modal unless told otherwise
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setWindowFlag(Qt::WindowStaysOnTopHint);
     dialog->setInformativeText(QStringLiteral("Asking %1").arg(UpdateChecker::feedUrl().host()));

@@ -11,6 +11,7 @@
 #include <QApplication>
 #include <QCursor>
 #include <QDesktopServices>
+#include <QKeyEvent>
 #include <QMenu>
 #include <QPainter>
 #include <QPalette>
@@ -64,6 +65,8 @@ TrayMenu::TrayMenu(SettingsStore &settings, AppActions &actions, QObject *parent
                 if (reason == QSystemTrayIcon::Trigger && !m_menu->isVisible())
                     m_menu->popup(QCursor::pos());
             });
+    // An open popup menu takes the keyboard but does not run its rows' shortcuts by itself.
+    m_menu->installEventFilter(this);
     updateIcon();
     m_settings.observe(AppSettings::menuBarIcon.name(), this, [this] { updateIcon(); });
     m_settings.observe(AppSettings::isVantrelEnabled.name(), this, [this] { updateToggleTitle(); });
@@ -75,6 +78,21 @@ TrayMenu::~TrayMenu() = default;
 QAction *TrayMenu::action(const QString &shortcutName) const
 {
     return m_shortcutActions.value(shortcutName);
+}
+
+bool TrayMenu::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched != m_menu.get() || event->type() != QEvent::KeyPress)
+        return false;
+    const QKeySequence pressed(static_cast<QKeyEvent *>(event)->keyCombination());
+    for (QAction *row : m_menu->actions()) {
+        if (!row->shortcut().isEmpty() && row->shortcut() == pressed && row->isEnabled()) {
+            m_menu->hide();
+            row->trigger();
+            return true;
+        }
+    }
+    return false;
 }
 
 void TrayMenu::buildMenu()

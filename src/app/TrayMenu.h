@@ -40,6 +40,9 @@ signals:
     void updateCheckRequested();
     void quitRequested();
 
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 private:
     void buildMenu();
     void updateToggleTitle();
