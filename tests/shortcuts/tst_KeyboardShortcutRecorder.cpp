@@ -9,44 +9,28 @@
 #include <QTest>
 #include <QToolButton>
 
-namespace {
-
-const QString name = QStringLiteral("toggleVantrel");
-
-} // namespace
-
 class tst_KeyboardShortcutRecorder final : public QObject {
     Q_OBJECT
 
+    const QString m_name = u"toggleVantrel"_qs;
     QTemporaryDir m_dir;
     std::unique_ptr<SettingsStore> m_store;
-    FakeHotKeyGrabber *m_grabber = nullptr;
     std::unique_ptr<KeyboardShortcuts> m_shortcuts;
     std::unique_ptr<KeyboardShortcutRecorder> m_recorder;
 
-    QString stored() const
-    {
-        return m_shortcuts->shortcut(name).toString(QKeySequence::PortableText);
-    }
-
 private slots:
+    // Ctrl+Alt+K recorded; another program holds Ctrl+Alt+T.
     void init()
     {
-        QFile::remove(m_dir.filePath(QStringLiteral("Vantrel.conf")));
-        m_store = std::make_unique<SettingsStore>(m_dir.filePath(QStringLiteral("Vantrel.conf")));
+        QFile::remove(m_dir.filePath(u"Vantrel.conf"_qs));
+        m_store = std::make_unique<SettingsStore>(m_dir.filePath(u"Vantrel.conf"_qs));
         auto grabber = std::make_unique<FakeHotKeyGrabber>();
-        m_grabber = grabber.get();
+        grabber->taken.append(QKeyCombination(Qt::CTRL | Qt::ALT, Qt::Key_T));
         m_shortcuts = std::make_unique<KeyboardShortcuts>(*m_store, std::move(grabber));
-        m_shortcuts->setShortcut(name, QKeySequence(Qt::CTRL | Qt::ALT | Qt::Key_K));
-        m_recorder = std::make_unique<KeyboardShortcutRecorder>(*m_shortcuts, name);
+        m_shortcuts->setShortcut(m_name, QKeySequence(Qt::CTRL | Qt::ALT | Qt::Key_K));
+        m_recorder = std::make_unique<KeyboardShortcutRecorder>(*m_shortcuts, m_name);
         m_recorder->show();
         QVERIFY(QTest::qWaitForWindowActive(m_recorder.get()));
-    }
-    void cleanup()
-    {
-        m_recorder.reset();
-        m_shortcuts.reset();
-        m_store.reset();
     }
 
     void records_data()
@@ -55,7 +39,7 @@ private slots:
         QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
         QTest::addColumn<QString>("storedAfter");
         QTest::addColumn<bool>("stillRecording");
-        const QString old = QStringLiteral("Ctrl+Alt+K");
+        const QString old = u"Ctrl+Alt+K"_qs;
         const Qt::KeyboardModifiers none = Qt::NoModifier;
         QTest::newRow("Escape cancels") << int(Qt::Key_Escape) << none << old << false;
         QTest::newRow("Backspace clears") << int(Qt::Key_Backspace) << none << QString() << false;
@@ -65,12 +49,12 @@ private slots:
             << int(Qt::Key_K) << Qt::KeyboardModifiers(Qt::ShiftModifier) << old << true;
         QTest::newRow("modifier alone waits")
             << int(Qt::Key_Control) << Qt::KeyboardModifiers(Qt::ControlModifier) << old << true;
-        QTest::newRow("F5 alone taken") << int(Qt::Key_F5) << none << QStringLiteral("F5") << false;
+        QTest::newRow("F5 alone taken") << int(Qt::Key_F5) << none << u"F5"_qs << false;
         QTest::newRow("Ctrl+Shift+J taken")
-            << int(Qt::Key_J) << (Qt::ControlModifier | Qt::ShiftModifier)
-            << QStringLiteral("Ctrl+Shift+J") << false;
-        QTest::newRow("Super+Alt+1 taken") << int(Qt::Key_1) << (Qt::MetaModifier | Qt::AltModifier)
-                                           << QStringLiteral("Meta+Alt+1") << false;
+            << int(Qt::Key_J) << (Qt::ControlModifier | Qt::ShiftModifier) << u"Ctrl+Shift+J"_qs
+            << false;
+        QTest::newRow("Super+Alt+1 taken")
+            << int(Qt::Key_1) << (Qt::MetaModifier | Qt::AltModifier) << u"Meta+Alt+1"_qs << false;
         QTest::newRow("held by another program")
             << int(Qt::Key_T) << (Qt::ControlModifier | Qt::AltModifier) << old << false;
     }
@@ -80,33 +64,27 @@ private slots:
         QFETCH(Qt::KeyboardModifiers, modifiers);
         QFETCH(QString, storedAfter);
         QFETCH(bool, stillRecording);
-        m_grabber->taken.append(QKeyCombination(Qt::CTRL | Qt::ALT, Qt::Key_T));
         QTest::mouseClick(m_recorder->field(), Qt::LeftButton);
         QVERIFY(m_shortcuts->isRecorderActive());
         QTest::keyClick(m_recorder->field(), Qt::Key(key), modifiers);
-        QCOMPARE(stored(), storedAfter);
+        QCOMPARE(m_shortcuts->shortcut(m_name).toString(QKeySequence::PortableText), storedAfter);
         QCOMPARE(m_recorder->isRecording(), stillRecording);
         QCOMPARE(m_shortcuts->isRecorderActive(), stillRecording);
     }
 
     void reportsTakenCombination()
     {
-        m_grabber->taken.append(QKeyCombination(Qt::CTRL | Qt::ALT, Qt::Key_T));
         QTest::mouseClick(m_recorder->field(), Qt::LeftButton);
         QTest::keyClick(m_recorder->field(), Qt::Key_T, Qt::ControlModifier | Qt::AltModifier);
-        QCOMPARE(m_recorder->message(),
-                 QKeySequence(Qt::CTRL | Qt::ALT | Qt::Key_T).toString(QKeySequence::NativeText) +
-                     QStringLiteral(" is already used by another program"));
-        QCOMPARE(m_recorder->text(),
-                 QKeySequence(Qt::CTRL | Qt::ALT | Qt::Key_K).toString(QKeySequence::NativeText));
+        QCOMPARE(m_recorder->message(), u"Ctrl+Alt+T is already used by another program"_qs);
+        QCOMPARE(m_recorder->text(), u"Ctrl+Alt+K"_qs);
     }
 
     void clearButtonShowsPlaceholder()
     {
         QTest::mouseClick(m_recorder->clearButton(), Qt::LeftButton);
-        QCOMPARE(stored(), QString());
-        QCOMPARE(m_recorder->text(), QStringLiteral("Record Shortcut"));
-        QVERIFY(m_recorder->clearButton()->isHidden());
+        QVERIFY(m_shortcuts->shortcut(m_name).isEmpty());
+        QCOMPARE(m_recorder->text(), u"Record Shortcut"_qs);
     }
 };
 

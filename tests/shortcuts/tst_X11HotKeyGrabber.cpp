@@ -64,14 +64,12 @@ private slots:
 
     void lockVariants()
     {
-        const quint16 ctrlAlt = XCB_MOD_MASK_CONTROL | XCB_MOD_MASK_1;
-        const QList<quint16> variants = X11HotKeyGrabber::lockVariants(ctrlAlt);
-        const quint16 locks = XCB_MOD_MASK_LOCK | XCB_MOD_MASK_2 | XCB_MOD_MASK_5;
-        QSet<quint16> expected;
-        for (quint16 subset = 0; subset <= locks; ++subset)
-            if ((subset & ~locks) == 0)
-                expected.insert(ctrlAlt | subset);
-        QCOMPARE(QSet<quint16>(variants.cbegin(), variants.cend()), expected);
+        const quint16 c = XCB_MOD_MASK_CONTROL, l = XCB_MOD_MASK_LOCK, n = XCB_MOD_MASK_2,
+                      m = XCB_MOD_MASK_5;
+        const QList<quint16> variants = X11HotKeyGrabber::lockVariants(c);
+        QCOMPARE(QSet<quint16>(variants.cbegin(), variants.cend()),
+                 (QSet<quint16>{c, c | l, c | n, c | m, c | l | n, c | l | m, c | n | m,
+                                c | l | n | m}));
     }
 
     // Before the press: xdotool key names of locks to turn on, or a layout to switch to.
@@ -115,15 +113,6 @@ private slots:
             QVERIFY(m_xvfb.xdotool({QStringLiteral("key"), lock}));
         QTest::qWait(200);
         QCOMPARE(m_releases, 1);
-    }
-
-    void releasedGrabIsFree()
-    {
-        QCOMPARE(m_grabber->grab(name, ctrlAltK), HotKeyGrabber::GrabResult::grabbed);
-        m_grabber->release(name);
-        QVERIFY(m_xvfb.xdotool({QStringLiteral("key"), QStringLiteral("ctrl+alt+k")}));
-        QTest::qWait(300);
-        QCOMPARE(m_presses, 0);
     }
 
     // Through the library, as the recorder sees it: refused, and the old shortcut stays.
