@@ -284,8 +284,9 @@ private slots:
         QVERIFY(!m_view->findChild<QCheckBox *>("keyShadowEnabled")->isChecked());
         QCOMPARE(m_view->findChild<ColorPickerButton *>("keyTextColor")->color(),
                  QColor(255, 0, 0, 128));
-        // Showing a value writes nothing back.
-        QCOMPARE(m_store->rawValue(AppSettings::keySize.name())->toDouble(), 3.0);
+        // Showing a value between two slider steps writes nothing back.
+        m_store->setValue(AppSettings::keyOpacity, 0.15);
+        QCOMPARE(m_store->value(AppSettings::keyOpacity), 0.15);
     }
 
     void fontNotInstalledShowsNoSelectionAndIsKept()
