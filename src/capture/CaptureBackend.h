@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 #include <QtGlobal>
 
 #include <functional>
@@ -50,6 +51,9 @@ public:
     // Asks for access where the platform can (for instance by prompting the user) and returns
     // the resulting state. Called on the capture thread.
     virtual Access requestAccess() = 0;
+    // What a person does to give access, one step per entry, in order; none when there is
+    // nothing to do.
+    virtual QStringList accessSteps() const { return {}; }
 
     // Installs the capture; false when it cannot be installed.
     virtual bool install() = 0;

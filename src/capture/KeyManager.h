@@ -55,6 +55,8 @@ public:
     bool hasInputMonitoringPermission() const { return m_hasInputMonitoringPermission; }
     // Why capture is not possible, for people; empty while access is granted.
     QString inputMonitoringProblem() const { return m_inputMonitoringProblem; }
+    // What a person does to give access, step by step (the capture backend's own steps).
+    QStringList inputMonitoringAccessSteps() const { return m_backend->accessSteps(); }
     bool hasCompletedInitialization() const { return m_hasCompletedInitialization; }
 
     // Both return at once; the work runs on the capture thread, in the order requested.

@@ -81,6 +81,15 @@ void SettingsForm::addTrailingWidgets(QGroupBox *section, const QList<QWidget *>
     sectionLayout(section)->addLayout(line);
 }
 
+void SettingsForm::addTrailingWidgets(const QList<QWidget *> &widgets)
+{
+    auto *line = new QHBoxLayout;
+    line->addStretch(1);
+    for (QWidget *widget : widgets)
+        line->addWidget(widget);
+    m_sections->insertLayout(m_sections->count() - 1, line);
+}
+
 void SettingsForm::makeCaption(QLabel *label)
 {
     QFont font = label->font();

@@ -46,6 +46,8 @@ public:
     void addWidget(QGroupBox *section, QWidget *widget);
     // A line of buttons or other widgets at the trailing edge of `section`.
     void addTrailingWidgets(QGroupBox *section, const QList<QWidget *> &widgets);
+    // A line of buttons or other widgets at the trailing edge, below the sections so far.
+    void addTrailingWidgets(const QList<QWidget *> &widgets);
 
     // The smaller font and secondary colour of descriptions and captions.
     static void makeCaption(QLabel *label);

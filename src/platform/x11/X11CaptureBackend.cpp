@@ -108,6 +108,12 @@ CaptureBackend::Access X11CaptureBackend::requestAccess()
     return checkAccess();
 }
 
+QStringList X11CaptureBackend::accessSteps() const
+{
+    return {QStringLiteral("Log in to an X11 session (Xorg), not a Wayland one."),
+            QStringLiteral("Make sure the X server offers XInput 2.2 (every current Xorg does).")};
+}
+
 bool X11CaptureBackend::install()
 {
     if (m_connection)

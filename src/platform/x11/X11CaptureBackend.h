@@ -34,6 +34,7 @@ public:
 
     Access checkAccess() override;
     Access requestAccess() override;
+    QStringList accessSteps() const override;
     bool install() override;
     RunResult run(CaptureEventHandler &handler) override;
     void uninstall() override;

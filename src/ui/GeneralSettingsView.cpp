@@ -1,0 +1,317 @@
+#include "ui/GeneralSettingsView.h"
+
+#include "app/LaunchAtLogin.h"
+#include "capture/KeyManager.h"
+#include "settings/AppSettings.h"
+#include "settings/SettingsStore.h"
+#include "ui/AccessIndicatorView.h"
+#include "ui/InputMonitoringSheet.h"
+#include "ui/SettingsForm.h"
+#include "ui/Symbols.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QSignalBlocker>
+#include <QSlider>
+#include <QSpinBox>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+#include <cmath>
+
+namespace {
+
+const QColor grantedColor(0x2e, 0xa0, 0x43);
+const QColor deniedColor(0xd9, 0x3a, 0x2b);
+
+QLabel *captionLabel(const QString &text)
+{
+    auto *label = new QLabel(text);
+    SettingsForm::makeCaption(label);
+    return label;
+}
+
+// The bound settings whose changes elsewhere the tab shows.
+QStringList observedKeys()
+{
+    return {AppSettings::isVantrelEnabled.name(),   AppSettings::keyDisplayDuration.name(),
+            AppSettings::keyMaxDisplayCount.name(), AppSettings::menuBarIcon.name(),
+            AppSettings::showAllKeys.name(),        AppSettings::showModifierKeys.name(),
+            AppSettings::showFunctionKeys.name(),   AppSettings::showSpecialKeys.name(),
+            AppSettings::showMouseClicks.name()};
+}
+
+} // namespace
+
+GeneralSettingsView::GeneralSettingsView(SettingsStore &store, KeyManager &keyManager,
+                                         LaunchAtLogin &launchAtLogin, QWidget *parent)
+    : QWidget(parent), m_store(store), m_keyManager(keyManager), m_launchAtLogin(launchAtLogin)
+{
+    auto *form = new SettingsForm;
+    buildAppSettings(*form);
+    buildDisplay(*form);
+    buildKeyTypes(*form);
+    buildMouseClicks(*form);
+    buildReset(*form);
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(form);
+
+    connect(&m_store, &SettingsStore::valueChanged, this, [this](const QString &key) {
+        if (observedKeys().contains(key))
+            refresh();
+    });
+    connect(&m_launchAtLogin, &LaunchAtLogin::enabledChanged, this, [this](bool enabled) {
+        const QSignalBlocker blocker(m_launchAtLoginToggle);
+        m_launchAtLoginToggle->setChecked(enabled);
+    });
+    connect(&m_keyManager, &KeyManager::hasInputMonitoringPermissionChanged, this,
+            &GeneralSettingsView::refreshAccess);
+    refresh();
+    refreshAccess();
+}
+
+QString GeneralSettingsView::durationText(double seconds)
+{
+    return QString::asprintf("%.1f", seconds) + QStringLiteral("s");
+}
+
+QString GeneralSettingsView::maxKeysText(int count)
+{
+    return QString::asprintf("%lld", static_cast<long long>(count)) + QStringLiteral(" keys");
+}
+
+QCheckBox *GeneralSettingsView::addToggle(const Setting<bool> &setting, const QString &title)
+{
+    auto *toggle = new QCheckBox;
+    toggle->setObjectName(setting.name());
+    toggle->setAccessibleName(title);
+    m_toggles.emplace_back(toggle, &setting);
+    connect(toggle, &QCheckBox::toggled, this,
+            [this, &setting](bool checked) { m_store.setValue(setting, checked); });
+    return toggle;
+}
+
+void GeneralSettingsView::buildAppSettings(SettingsForm &form)
+{
+    QGroupBox *section = form.addSection(QStringLiteral("App Settings"));
+    form.addRow(section, QStringLiteral("Enable Vantrel"),
+                QStringLiteral("Show pressed keys on screen"),
+                addToggle(AppSettings::isVantrelEnabled, QStringLiteral("Enable Vantrel")));
+
+    m_launchAtLoginToggle = new QCheckBox;
+    m_launchAtLoginToggle->setObjectName(QStringLiteral("launchAtLogin"));
+    m_launchAtLoginToggle->setAccessibleName(QStringLiteral("Launch at Login"));
+    m_launchAtLoginToggle->setChecked(m_launchAtLogin.isEnabled());
+    connect(m_launchAtLoginToggle, &QCheckBox::toggled, this, [this](bool checked) {
+        m_launchAtLogin.setEnabled(checked);
+        // A refused write leaves the entry as it was; show what is true.
+        const QSignalBlocker blocker(m_launchAtLoginToggle);
+        m_launchAtLoginToggle->setChecked(m_launchAtLogin.isEnabled());
+    });
+    form.addRow(section, QStringLiteral("Launch at Login"),
+                QStringLiteral("Start Vantrel automatically when you log in"),
+                m_launchAtLoginToggle);
+
+    // Icons only, as the tray shows them; the application's own symbol is a template image,
+    // which takes the text colour like the others.
+    m_menuBarIcon = new QComboBox;
+    m_menuBarIcon->setObjectName(AppSettings::menuBarIcon.name());
+    m_menuBarIcon->setAccessibleName(QStringLiteral("Menu Bar Icon"));
+    m_menuBarIcon->setIconSize(QSize(18, 18));
+    for (const QString &name : AppSettings::shared().menuBarIconOptions) {
+        m_menuBarIcon->addItem(Symbols::icon(name), QString(), name);
+        const int index = m_menuBarIcon->count() - 1;
+        m_menuBarIcon->setItemData(index, name, Qt::ToolTipRole);
+        m_menuBarIcon->setItemData(index, name, Qt::AccessibleTextRole);
+    }
+    connect(m_menuBarIcon, &QComboBox::currentIndexChanged, this, [this](int index) {
+        if (index >= 0)
+            m_store.setValue(AppSettings::menuBarIcon, m_menuBarIcon->itemData(index).toString());
+    });
+    form.addRow(section, QStringLiteral("Menu Bar Icon"),
+                QStringLiteral("Choose the icon for the menu bar"), m_menuBarIcon);
+
+    auto *info = new QToolButton;
+    info->setObjectName(QStringLiteral("inputMonitoringInfo"));
+    info->setAutoRaise(true);
+    info->setIcon(Symbols::icon(QStringLiteral("info.circle")));
+    info->setIconSize(QSize(12, 12));
+    info->setAccessibleName(QStringLiteral("Input Monitoring Access Information"));
+    info->setToolTip(QStringLiteral("Input Monitoring Access Information"));
+    info->setCursor(Qt::PointingHandCursor);
+    connect(info, &QToolButton::clicked, this, &GeneralSettingsView::showInputMonitoringInfo);
+    m_access = new AccessIndicatorView(QString(), QString(), deniedColor);
+    auto *status = new QWidget;
+    auto *statusLayout = new QHBoxLayout(status);
+    statusLayout->setContentsMargins(0, 0, 0, 0);
+    statusLayout->setSpacing(6);
+    statusLayout->addWidget(info);
+    statusLayout->addWidget(m_access);
+    form.addRow(section, QStringLiteral("Input Monitoring Access"),
+                QStringLiteral("Required to display your key presses"), status);
+}
+
+void GeneralSettingsView::buildDisplay(SettingsForm &form)
+{
+    QGroupBox *section = form.addSection(QStringLiteral("Display"));
+
+    m_duration = new QSlider(Qt::Horizontal);
+    m_duration->setObjectName(AppSettings::keyDisplayDuration.name());
+    m_duration->setAccessibleName(QStringLiteral("Display Duration"));
+    m_duration->setRange(durationSliderMinimum, durationSliderMaximum);
+    m_duration->setSingleStep(1);
+    m_duration->setPageStep(2);
+    m_duration->setMinimumWidth(150);
+    connect(m_duration, &QSlider::valueChanged, this, [this](int value) {
+        m_store.setValue(AppSettings::keyDisplayDuration, value * durationStep);
+    });
+    auto *slider = new QWidget;
+    auto *sliderLayout = new QHBoxLayout(slider);
+    sliderLayout->setContentsMargins(0, 0, 0, 0);
+    sliderLayout->setSpacing(6);
+    sliderLayout->addWidget(captionLabel(QStringLiteral("0.5s")));
+    sliderLayout->addWidget(m_duration);
+    sliderLayout->addWidget(captionLabel(QStringLiteral("10s")));
+    m_durationRow = form.addRow(section, QStringLiteral("Display Duration"), QString(), slider);
+
+    m_maxKeys = new QSpinBox;
+    m_maxKeys->setObjectName(AppSettings::keyMaxDisplayCount.name());
+    m_maxKeys->setAccessibleName(QStringLiteral("Max Keys Displayed"));
+    m_maxKeys->setRange(maxKeysMinimum, maxKeysMaximum);
+    m_maxKeys->setSingleStep(1);
+    connect(m_maxKeys, &QSpinBox::valueChanged, this,
+            [this](int value) { m_store.setValue(AppSettings::keyMaxDisplayCount, value); });
+    m_maxKeysRow = form.addRow(section, QStringLiteral("Max Keys Displayed"), QString(), m_maxKeys);
+
+    auto *reset = new QPushButton(QStringLiteral("Reset"));
+    reset->setObjectName(QStringLiteral("resetGeneralSettings"));
+    reset->setToolTip(QStringLiteral("Reset to default display settings"));
+    // Also resets the master switch and the former global position, by design.
+    connect(reset, &QPushButton::clicked, this,
+            [this] { AppSettings::resetGeneralSettings(m_store); });
+    form.addTrailingWidgets(section, {reset});
+}
+
+void GeneralSettingsView::buildKeyTypes(SettingsForm &form)
+{
+    QGroupBox *section = form.addSection(QStringLiteral("Key Types"));
+    form.addRow(section, QStringLiteral("Show All Keys"), QStringLiteral("Display every key press"),
+                addToggle(AppSettings::showAllKeys, QStringLiteral("Show All Keys")));
+    form.addRow(section, QStringLiteral("Show Modifier Keys"), QString(),
+                addToggle(AppSettings::showModifierKeys, QStringLiteral("Show Modifier Keys")));
+    form.addRow(section, QStringLiteral("Show Function Keys"), QStringLiteral("F1, F2, F3, etc."),
+                addToggle(AppSettings::showFunctionKeys, QStringLiteral("Show Function Keys")));
+    form.addRow(section, QStringLiteral("Show Special Keys"),
+                QStringLiteral("Enter, Tab, Delete, and Escape"),
+                addToggle(AppSettings::showSpecialKeys, QStringLiteral("Show Special Keys")));
+
+    auto *reset = new QPushButton(QStringLiteral("Reset"));
+    reset->setObjectName(QStringLiteral("resetKeyboardSettings"));
+    reset->setToolTip(QStringLiteral("Reset to default key type settings"));
+    connect(reset, &QPushButton::clicked, this,
+            [this] { AppSettings::resetKeyboardSettings(m_store); });
+    form.addTrailingWidgets(section, {reset});
+}
+
+void GeneralSettingsView::buildMouseClicks(SettingsForm &form)
+{
+    QGroupBox *section = form.addSection(QStringLiteral("Mouse Clicks"));
+    form.addRow(section, QStringLiteral("Show Mouse Clicks"),
+                QStringLiteral("Display left and right clicks"),
+                addToggle(AppSettings::showMouseClicks, QStringLiteral("Show Mouse Clicks")));
+}
+
+void GeneralSettingsView::buildReset(SettingsForm &form)
+{
+    QGroupBox *section = form.addSection(QStringLiteral("Reset"));
+    auto *resetAll = new QPushButton(QStringLiteral("Reset All Settings"));
+    resetAll->setObjectName(QStringLiteral("resetAllSettings"));
+    connect(resetAll, &QPushButton::clicked, this, &GeneralSettingsView::confirmResetAllSettings);
+    form.addRow(section, QStringLiteral("Reset all settings to their default values"),
+                QStringLiteral("This action cannot be undone"), resetAll);
+}
+
+void GeneralSettingsView::confirmResetAllSettings()
+{
+    QMessageBox alert(QMessageBox::Warning, QStringLiteral("Vantrel"),
+                      QStringLiteral("Reset All Settings?"), QMessageBox::NoButton, window());
+    // Room for the question on two lines rather than five.
+    alert.setStyleSheet(QStringLiteral(
+        "QLabel#qt_msgbox_label, QLabel#qt_msgbox_informativelabel { min-width: 300px; }"));
+    alert.setInformativeText(
+        QStringLiteral("Are you sure you want to reset all settings to their default values?"));
+    QPushButton *reset = alert.addButton(QStringLiteral("Reset"), QMessageBox::DestructiveRole);
+    QPushButton *cancel = alert.addButton(QStringLiteral("Cancel"), QMessageBox::RejectRole);
+    alert.setDefaultButton(cancel);
+    alert.setEscapeButton(cancel);
+    alert.exec();
+    if (alert.clickedButton() == reset)
+        resetAllSettings();
+}
+
+void GeneralSettingsView::resetAllSettings()
+{
+    // This order; displays, presets and shortcuts are left alone.
+    AppSettings::resetGeneralSettings(m_store);
+    AppSettings::resetKeyboardSettings(m_store);
+    m_store.remove(AppSettings::showMouseClicks.name());
+    AppSettings::resetAppearanceSettings(m_store);
+    m_store.remove(AppSettings::menuBarIcon.name());
+    m_launchAtLogin.setEnabled(false);
+}
+
+void GeneralSettingsView::showInputMonitoringInfo()
+{
+    InputMonitoringSheet sheet(m_keyManager.inputMonitoringAccessSteps(), window());
+    connect(&sheet, &InputMonitoringSheet::checkAgainRequested, &m_keyManager,
+            &KeyManager::checkInputMonitoringPermission);
+    sheet.exec();
+}
+
+void GeneralSettingsView::refresh()
+{
+    for (const auto &[toggle, setting] : m_toggles) {
+        const QSignalBlocker blocker(toggle);
+        toggle->setChecked(m_store.value(*setting));
+    }
+
+    const double duration = m_store.value(AppSettings::keyDisplayDuration);
+    {
+        const QSignalBlocker blocker(m_duration);
+        m_duration->setValue(static_cast<int>(std::lround(duration / durationStep)));
+    }
+    m_durationRow->setDescription(durationText(duration));
+
+    const int maxKeys = m_store.value(AppSettings::keyMaxDisplayCount);
+    {
+        const QSignalBlocker blocker(m_maxKeys);
+        m_maxKeys->setValue(maxKeys);
+    }
+    m_maxKeysRow->setDescription(maxKeysText(maxKeys));
+
+    const QSignalBlocker blocker(m_menuBarIcon);
+    // An unknown name shows the default icon, as the tray does.
+    int index = m_menuBarIcon->findData(m_store.value(AppSettings::menuBarIcon));
+    if (index < 0)
+        index = m_menuBarIcon->findData(AppSettings::menuBarIcon.defaultValue);
+    m_menuBarIcon->setCurrentIndex(index);
+}
+
+void GeneralSettingsView::refreshAccess()
+{
+    if (m_keyManager.hasInputMonitoringPermission()) {
+        m_access->setState(QStringLiteral("Granted"), QStringLiteral("checkmark.circle.fill"),
+                           grantedColor);
+        m_access->setToolTip(QString());
+    } else {
+        m_access->setState(QStringLiteral("Not Granted"), QStringLiteral("xmark.circle.fill"),
+                           deniedColor);
+        m_access->setToolTip(m_keyManager.inputMonitoringProblem());
+    }
+}

@@ -1,0 +1,100 @@
+#include "ui/SettingsView.h"
+
+#include "ui/AboutSettingsView.h"
+#include "ui/DisplaySettingsView.h"
+#include "ui/GeneralSettingsView.h"
+#include "ui/Symbols.h"
+
+#include <QKeySequence>
+#include <QLabel>
+#include <QScrollArea>
+#include <QShortcut>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+namespace {
+
+QWidget *placeholder(const QString &text)
+{
+    auto *label = new QLabel(text);
+    label->setAlignment(Qt::AlignCenter);
+    label->setEnabled(false);
+    return label;
+}
+
+} // namespace
+
+SettingsView::SettingsView(SettingsStore &store, KeyManager &keyManager,
+                           DisplaySettingsStore &displayStore, LaunchAtLogin &launchAtLogin,
+                           std::function<void(quint32)> openPositionCustomizer, QWidget *parent)
+    : QWidget(parent, Qt::Window | Qt::WindowStaysOnTopHint), m_tabs(new QTabWidget)
+{
+    setWindowTitle(QStringLiteral("Vantrel Settings"));
+    setObjectName(QStringLiteral("SettingsView"));
+
+    m_tabs->setDocumentMode(true);
+    m_tabs->setIconSize(QSize(16, 16));
+    addTab(new GeneralSettingsView(store, keyManager, launchAtLogin), QStringLiteral("General"),
+           QStringLiteral("gear"));
+    addTab(placeholder(QStringLiteral("Appearance settings are not available yet.")),
+           QStringLiteral("Appearance"), QStringLiteral("paintbrush"));
+    addTab(new DisplaySettingsView(displayStore, std::move(openPositionCustomizer)),
+           QStringLiteral("Displays"), QStringLiteral("display"));
+    addTab(placeholder(QStringLiteral("Shortcut settings are not available yet.")),
+           QStringLiteral("Shortcuts"), QStringLiteral("keyboard"));
+    addTab(new AboutSettingsView, QStringLiteral("About"), QStringLiteral("info.circle"));
+
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_tabs);
+
+    setFixedWidth(windowWidth);
+    setMaximumHeight(maximumWindowHeight);
+    resize(windowWidth, maximumWindowHeight);
+
+    auto *close = new QShortcut(QKeySequence::Close, this);
+    connect(close, &QShortcut::activated, this, &QWidget::close);
+}
+
+void SettingsView::addTab(QWidget *content, const QString &title, const QString &symbolName)
+{
+    // The window keeps its height limit; tall tabs scroll.
+    auto *scroll = new QScrollArea;
+    scroll->setWidgetResizable(true);
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    scroll->setWidget(content);
+    m_tabs->addTab(scroll, Symbols::icon(symbolName), title);
+}
+
+QWidget *SettingsView::content(Tab tab) const
+{
+    const auto *scroll = static_cast<QScrollArea *>(m_tabs->widget(tab));
+    return scroll ? scroll->widget() : nullptr;
+}
+
+void SettingsView::setContent(Tab tab, QWidget *content)
+{
+    auto *scroll = static_cast<QScrollArea *>(m_tabs->widget(tab));
+    delete scroll->takeWidget();
+    scroll->setWidget(content);
+}
+
+void SettingsView::setAppearanceContent(QWidget *content)
+{
+    setContent(appearance, content);
+}
+
+void SettingsView::setShortcutsContent(QWidget *content)
+{
+    setContent(shortcuts, content);
+}
+
+void SettingsView::showAndRaise()
+{
+    if (isMinimized())
+        setWindowState(windowState() & ~Qt::WindowMinimized);
+    show();
+    raise();
+    activateWindow();
+}
