@@ -6,6 +6,7 @@
 #include "ui/SettingsForm.h"
 #include "ui/Symbols.h"
 
+#include <QAbstractItemView>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QGroupBox>
@@ -126,6 +127,8 @@ DisplaySettingsView::Row DisplaySettingsView::makeRow(const DisplayConfiguration
     for (const KeyPosition position : AppSettings::allCases<KeyPosition>())
         row.position->addItem(Symbols::icon(AppSettings::symbolName(position)),
                               AppSettings::rawValue(position), static_cast<int>(position));
+    // The open menu shows every title whole, whatever the style's margins.
+    row.position->view()->setMinimumWidth(row.position->view()->sizeHintForColumn(0) + 24);
     row.edit = new QPushButton(QStringLiteral("Edit"));
     row.edit->setToolTip(QStringLiteral("Edit custom position"));
 
