@@ -2,6 +2,7 @@
 
 #include "app/AppActions.h"
 #include "app/AppDelegate.h"
+#include "app/LaunchAtLogin.h"
 #include "app/RemoteControl.h"
 #include "app/TrayMenu.h"
 #include "capture/CaptureBackend.h"
@@ -11,9 +12,18 @@
 #include "overlay/KeyDisplayOverlayWindowFactory.h"
 #include "platform/Platform.h"
 #include "settings/AppSettings.h"
+#include "settings/CustomKeyStylePresetStore.h"
 #include "settings/DisplaySettingsStore.h"
+#include "settings/PositionCustomizerWindowController.h"
 #include "settings/SettingsStore.h"
+#include "shortcuts/GlobalShortcutNames.h"
+#include "shortcuts/HotKeyGrabber.h"
+#include "shortcuts/KeyboardShortcuts.h"
+#include "ui/AppearanceSettingsView.h"
+#include "ui/KeyShortcutsSettingsView.h"
+#include "ui/SettingsView.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QSystemTrayIcon>
@@ -160,10 +170,20 @@ VantrelApp::VantrelApp(SettingsStore &settings, bool remoteControl, QObject *par
         std::printf("Vantrel is switched off (\"Show pressed keys on screen\" is off).\n");
     std::fflush(stdout);
 
-    m_actions = std::make_unique<AppActions>(settings, *m_keyManager, displayStore.screenList());
+    m_positionCustomizer = std::make_unique<PositionCustomizerWindowController>(
+        displayStore, settings, m_compositor.get());
+    m_launchAtLogin = std::make_unique<LaunchAtLogin>();
+    m_actions = std::make_unique<AppActions>(
+        settings, *m_keyManager, displayStore.screenList(),
+        [this](quint32 displayID) { m_positionCustomizer->showPositioningOverlay(displayID); });
+    m_shortcuts = std::make_unique<KeyboardShortcuts>(settings, Platform::createHotKeyGrabber());
     registerGlobalShortcuts();
 
     m_trayMenu = std::make_unique<TrayMenu>(settings, *m_actions);
+    for (const GlobalShortcutNames::Entry &entry : GlobalShortcutNames::all())
+        showShortcutInMenu(entry.name);
+    connect(m_shortcuts.get(), &KeyboardShortcuts::shortcutByNameDidChange, this,
+            &VantrelApp::showShortcutInMenu);
     connect(m_trayMenu.get(), &TrayMenu::settingsRequested, this, &VantrelApp::showSettings);
     connect(m_trayMenu.get(), &TrayMenu::updateCheckRequested, m_appDelegate.get(),
             &AppDelegate::checkForUpdates);
@@ -180,19 +200,50 @@ VantrelApp::VantrelApp(SettingsStore &settings, bool remoteControl, QObject *par
 VantrelApp::~VantrelApp()
 {
     m_remoteControl.reset();
+    m_settingsView.reset();
     m_trayMenu.reset();
+    // Global grabs end before the display connection goes.
+    m_shortcuts.reset();
+    m_positionCustomizer.reset();
     // The manager stops its capture and closes its windows before the factory goes.
     m_keyManager.reset();
 }
 
 void VantrelApp::showSettings()
 {
-    // The settings window is not part of the program yet; this is where it opens.
+    // Made on first use and kept, so that it opens again where the user left it.
+    if (!m_settingsView) {
+        m_settingsView = std::make_unique<SettingsView>(
+            m_settings, *m_keyManager, DisplaySettingsStore::shared(), *m_launchAtLogin,
+            [this](quint32 displayID) { m_positionCustomizer->showPositioningOverlay(displayID); });
+        m_settingsView->setAppearanceContent(
+            new AppearanceSettingsView(m_settings, CustomKeyStylePresetStore::shared()));
+        m_settingsView->setShortcutsContent(new KeyShortcutsSettingsView(*m_shortcuts));
+    }
+    m_settingsView->showAndRaise();
 }
 
 void VantrelApp::registerGlobalShortcuts()
 {
-    // The global shortcut library binds its five names to `m_actions` here.
+    // Each shortcut runs the same action as its tray row, when its keys are released.
+    const std::pair<QString, void (AppActions::*)()> handlers[] = {
+        {GlobalShortcutNames::toggleVantrel(), &AppActions::toggleVantrel},
+        {GlobalShortcutNames::increaseKeySize(), &AppActions::increaseKeySize},
+        {GlobalShortcutNames::decreaseKeySize(), &AppActions::decreaseKeySize},
+        {GlobalShortcutNames::openPositionCustomizer(), &AppActions::openPositionCustomizer},
+        {GlobalShortcutNames::toggleMouseClicks(), &AppActions::toggleMouseClicks},
+    };
+    for (const auto &[name, action] : handlers)
+        m_shortcuts->onKeyUp(name, [this, action = action] { (m_actions.get()->*action)(); });
+}
+
+void VantrelApp::showShortcutInMenu(const QString &name)
+{
+    if (QAction *row = m_trayMenu->action(name)) {
+        // Shown beside the row; the global grab, not the menu, runs it.
+        row->setShortcutContext(Qt::WidgetShortcut);
+        row->setShortcut(m_shortcuts->shortcut(name));
+    }
 }
 
 void VantrelApp::watchForTrayHost()

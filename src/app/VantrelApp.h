@@ -10,8 +10,12 @@ class CompositorWatcher;
 class KeyDisplayOverlayWindowFactory;
 class KeyManager;
 class KeyboardLayoutSource;
+class KeyboardShortcuts;
+class LaunchAtLogin;
+class PositionCustomizerWindowController;
 class RemoteControl;
 class SettingsStore;
+class SettingsView;
 class TrayMenu;
 
 // The running program: the update checks, the key manager with its capture and overlay windows,
@@ -33,6 +37,9 @@ public:
     AppActions &actions() const { return *m_actions; }
     TrayMenu &trayMenu() const { return *m_trayMenu; }
     AppDelegate &appDelegate() const { return *m_appDelegate; }
+    KeyboardShortcuts &shortcuts() const { return *m_shortcuts; }
+    // The settings window once it was opened, else null.
+    SettingsView *settingsView() const { return m_settingsView.get(); }
 
     // Opens the settings window, or brings it forward.
     void showSettings();
@@ -42,6 +49,8 @@ public:
 
 private:
     void registerGlobalShortcuts();
+    // The tray rows of the five actions show the shortcut recorded for each.
+    void showShortcutInMenu(const QString &name);
     void watchForTrayHost();
     void reportListening(bool listening);
 
@@ -51,7 +60,11 @@ private:
     std::unique_ptr<CompositorWatcher> m_compositor;
     std::unique_ptr<KeyDisplayOverlayWindowFactory> m_windowFactory;
     std::unique_ptr<KeyManager> m_keyManager;
+    std::unique_ptr<PositionCustomizerWindowController> m_positionCustomizer;
+    std::unique_ptr<LaunchAtLogin> m_launchAtLogin;
     std::unique_ptr<AppActions> m_actions;
+    std::unique_ptr<KeyboardShortcuts> m_shortcuts;
+    std::unique_ptr<SettingsView> m_settingsView;
     std::unique_ptr<TrayMenu> m_trayMenu;
     std::unique_ptr<RemoteControl> m_remoteControl;
     bool m_quitting = false;
