@@ -25,15 +25,20 @@ RemoteControl::Claim RemoteControl::claimServiceName()
 RemoteControl::CallResult RemoteControl::callRunningInstance(const QString &method)
 {
     QDBusConnection bus = QDBusConnection::sessionBus();
-    if (!bus.isConnected() || !bus.interface() ||
-        !bus.interface()->isServiceRegistered(QString::fromLatin1(serviceName)).value())
+    if (!bus.isConnected() || !bus.interface())
         return CallResult::notRunning;
-    QDBusMessage call = QDBusMessage::createMethodCall(QString::fromLatin1(serviceName),
-                                                       QString::fromLatin1(objectPath),
-                                                       QString::fromLatin1(serviceName), method);
-    // An installed service file must not start a Vantrel just to answer a remote call.
-    call.setAutoStartService(false);
-    const QDBusMessage reply = bus.call(call, QDBus::Block, 5000);
+    const QString name = QString::fromLatin1(serviceName);
+    bool running = bus.interface()->isServiceRegistered(name).value();
+    // Asking for the settings may start Vantrel where it is installed as a bus service; the
+    // other calls act on a running Vantrel only.
+    const bool mayStart = !running && method == u"showSettings" &&
+                          bus.interface()->activatableServiceNames().value().contains(name);
+    if (!running && !mayStart)
+        return CallResult::notRunning;
+    QDBusMessage call =
+        QDBusMessage::createMethodCall(name, QString::fromLatin1(objectPath), name, method);
+    call.setAutoStartService(mayStart);
+    const QDBusMessage reply = bus.call(call, QDBus::Block, mayStart ? 20000 : 5000);
     return reply.type() == QDBusMessage::ReplyMessage ? CallResult::done : CallResult::notRunning;
 }
 
