@@ -274,6 +274,14 @@ void GeneralSettingsView::showInputMonitoringInfo()
     sheet.exec();
 }
 
+void GeneralSettingsView::showEvent(QShowEvent *event)
+{
+    QWidget::showEvent(event);
+    // The login entry is a file that the user may have changed while the window was closed.
+    const QSignalBlocker blocker(m_launchAtLoginToggle);
+    m_launchAtLoginToggle->setChecked(m_launchAtLogin.isEnabled());
+}
+
 void GeneralSettingsView::refresh()
 {
     for (const auto &[toggle, setting] : m_toggles) {

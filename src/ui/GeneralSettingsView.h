@@ -53,6 +53,9 @@ public:
     // The information about keyboard access, as a modal dialog of this window.
     void showInputMonitoringInfo();
 
+protected:
+    void showEvent(QShowEvent *event) override;
+
 private:
     void buildAppSettings(SettingsForm &form);
     void buildDisplay(SettingsForm &form);
