@@ -5,8 +5,11 @@
 #include "ui/GeneralSettingsView.h"
 #include "ui/Symbols.h"
 
+#include <QCursor>
+#include <QGuiApplication>
 #include <QKeySequence>
 #include <QLabel>
+#include <QScreen>
 #include <QScrollArea>
 #include <QShortcut>
 #include <QTabWidget>
@@ -94,6 +97,20 @@ void SettingsView::showAndRaise()
 {
     if (isMinimized())
         setWindowState(windowState() & ~Qt::WindowMinimized);
+    if (!m_placed) {
+        // Centred on the screen the user works on; without a window manager nothing else would
+        // place it, and the top-left corner is where panels and trays often sit.
+        QScreen *screen = QGuiApplication::screenAt(QCursor::pos());
+        if (!screen)
+            screen = QGuiApplication::primaryScreen();
+        if (screen) {
+            adjustSize();
+            QRect frame(QPoint(), size());
+            frame.moveCenter(screen->availableGeometry().center());
+            move(frame.topLeft());
+        }
+        m_placed = true;
+    }
     show();
     raise();
     activateWindow();

@@ -45,4 +45,5 @@ private:
     void setContent(Tab tab, QWidget *content);
 
     QTabWidget *m_tabs;
+    bool m_placed = false;
 };
