@@ -1,9 +1,12 @@
 // Measures a running Vantrel from the outside, on the X server named by DISPLAY:
-//   latency  - time from an XTest key press to the overlay's first drawing (X Damage)
+//   latency  - time from an XTest key press to the overlay's first drawing (X Damage): the
+//              first key after start, keys added to a row already showing, keys on an empty
+//              overlay
 //   idle     - CPU time and wake-ups while no key shows
-//   typing   - CPU time while typing 15 keys per second
-// Usage: overlay_probe <vantrel pid> <seconds for idle and typing>
-// Vantrel must run with "showAllKeys" on, so that every letter draws a cap.
+//   typing   - CPU time, wake-ups and frames drawn while typing 15 keys per second
+// Usage: overlay_probe <vantrel pid> <seconds for idle and typing> [--all-keys]
+// Prints one "measure<TAB>result" line each. With --all-keys Vantrel runs with "showAllKeys"
+// on and letters are timed; otherwise F-keys, which the default settings show.
 #include <xcb/damage.h>
 #include <xcb/xcb.h>
 #include <xcb/xtest.h>
@@ -149,6 +152,14 @@ void tap(xcb_connection_t *c, xcb_keycode_t key)
     xcb_flush(c);
 }
 
+// Drawings seen: damage events, and frames (bursts of damage events closer than 3 ms).
+struct DamageCount {
+    long long events = 0;
+    long long frames = 0;
+    Clock::time_point last;
+};
+DamageCount damageCount;
+
 // Drains events; true when a damage event arrived before the deadline.
 bool waitForDamage(xcb_connection_t *c, uint8_t damageEvent, Clock::time_point deadline)
 {
@@ -156,8 +167,14 @@ bool waitForDamage(xcb_connection_t *c, uint8_t damageEvent, Clock::time_point d
         while (xcb_generic_event_t *event = xcb_poll_for_event(c)) {
             const bool damage = (event->response_type & 0x7f) == damageEvent;
             std::free(event);
-            if (damage)
+            if (damage) {
+                const auto now = Clock::now();
+                ++damageCount.events;
+                if (now - damageCount.last > std::chrono::milliseconds(3))
+                    ++damageCount.frames;
+                damageCount.last = now;
                 return true;
+            }
         }
         const auto left =
             std::chrono::duration_cast<std::chrono::milliseconds>(deadline - Clock::now());
@@ -168,11 +185,28 @@ bool waitForDamage(xcb_connection_t *c, uint8_t damageEvent, Clock::time_point d
     }
 }
 
-void drain(xcb_connection_t *c, int milliseconds)
+void drain(xcb_connection_t *c, uint8_t damageEvent, int milliseconds)
 {
     const auto end = Clock::now() + std::chrono::milliseconds(milliseconds);
     while (Clock::now() < end)
-        waitForDamage(c, 0xff, end);
+        waitForDamage(c, damageEvent, end);
+}
+
+// Waits until the overlay has drawn nothing for `quiet` milliseconds.
+void settle(xcb_connection_t *c, uint8_t damageEvent, int quiet)
+{
+    while (waitForDamage(c, damageEvent, Clock::now() + std::chrono::milliseconds(quiet))) {
+    }
+}
+
+// Milliseconds from a tap to the overlay's first drawing, or a negative number for none.
+double timeTap(xcb_connection_t *c, uint8_t damageEvent, xcb_keycode_t key)
+{
+    const auto sent = Clock::now();
+    tap(c, key);
+    if (!waitForDamage(c, damageEvent, sent + std::chrono::milliseconds(500)))
+        return -1.0;
+    return std::chrono::duration<double, std::milli>(Clock::now() - sent).count();
 }
 
 double percentile(std::vector<double> values, double p)
@@ -181,16 +215,32 @@ double percentile(std::vector<double> values, double p)
     return values[std::min(values.size() - 1, size_t(p * double(values.size() - 1) + 0.5))];
 }
 
+std::string latencyText(const std::vector<double> &all, size_t presses)
+{
+    std::vector<double> values;
+    for (double v : all)
+        if (v >= 0)
+            values.push_back(v);
+    char text[128];
+    if (values.empty())
+        std::snprintf(text, sizeof text, "no drawing (%zu presses)", presses);
+    else
+        std::snprintf(text, sizeof text, "p50 %.2f ms, p99 %.2f ms (%zu of %zu presses)",
+                      percentile(values, 0.5), percentile(values, 0.99), values.size(), presses);
+    return text;
+}
+
 } // namespace
 
 int main(int argc, char **argv)
 {
     if (argc < 3) {
-        std::fprintf(stderr, "usage: %s <vantrel pid> <seconds>\n", argv[0]);
+        std::fprintf(stderr, "usage: %s <vantrel pid> <seconds> [--all-keys]\n", argv[0]);
         return 2;
     }
     const int pid = std::atoi(argv[1]);
     const int seconds = std::atoi(argv[2]);
+    const bool allKeys = argc > 3 && std::strcmp(argv[3], "--all-keys") == 0;
     xcb_connection_t *c = xcb_connect(nullptr, nullptr);
     if (xcb_connection_has_error(c)) {
         std::fprintf(stderr, "cannot open the X display\n");
@@ -220,18 +270,32 @@ int main(int argc, char **argv)
     std::vector<xcb_keycode_t> keys;
     for (const char *l = letters; *l; ++l)
         keys.push_back(keycodeOf(c, xcb_keysym_t(*l)));
-
-    // Latency: one letter at a time, each after the previous drawing has settled.
-    std::vector<double> latencies;
-    for (int i = 0; i < 200; ++i) {
-        drain(c, 60);
-        const auto sent = Clock::now();
-        tap(c, keys[size_t(i) % keys.size()]);
-        if (waitForDamage(c, damageEvent, sent + std::chrono::milliseconds(500)))
-            latencies.push_back(
-                std::chrono::duration<double, std::milli>(Clock::now() - sent).count());
+    // Timed keys: each shows a cap with the settings in use.
+    std::vector<xcb_keycode_t> timed = keys;
+    if (!allKeys) {
+        timed.clear();
+        for (xcb_keysym_t f = 0xffbe; f <= 0xffc9; ++f) // F1 to F12
+            timed.push_back(keycodeOf(c, f));
     }
-    drain(c, 3000); // let every cap expire
+
+    // The very first key after start, on an empty overlay with nothing cached (once the
+    // window's own first drawings are over).
+    settle(c, damageEvent, 300);
+    const double first = timeTap(c, damageEvent, timed[0]);
+    // Keys added to a row already showing, each after the previous drawing has settled.
+    std::vector<double> showing;
+    for (int i = 1; i <= 200; ++i) {
+        drain(c, damageEvent, 60);
+        showing.push_back(timeTap(c, damageEvent, timed[size_t(i) % timed.size()]));
+    }
+    // Keys on an empty overlay: each after every cap has gone (1.5 s on show, then removal).
+    std::vector<double> empty;
+    for (int i = 0; i < 20; ++i) {
+        drain(c, damageEvent, 1900);
+        settle(c, damageEvent, 200);
+        empty.push_back(timeTap(c, damageEvent, timed[size_t(i) % timed.size()]));
+    }
+    drain(c, damageEvent, 2500); // let every cap expire
 
     const ProcessTimes idleStart = readProcess(pid);
     std::this_thread::sleep_for(std::chrono::seconds(seconds));
@@ -242,7 +306,12 @@ int main(int argc, char **argv)
     const xcb_keycode_t f5 = keycodeOf(c, 0xffc2);
     const xcb_keycode_t returnKey = keycodeOf(c, 0xff0d);
     const auto typingEnd = Clock::now() + std::chrono::seconds(seconds);
+    damageCount = {};
+    int shownKeys = 0;
     for (int i = 0; Clock::now() < typingEnd; ++i) {
+        // Chords, F5 and Return show with any settings, plain letters only with all keys.
+        if (allKeys || i % 4 != 1)
+            ++shownKeys;
         switch (i % 4) {
         case 0: // a chord
             xcb_test_fake_input(c, XCB_KEY_PRESS, control, XCB_CURRENT_TIME, XCB_NONE, 0, 0, 0);
@@ -259,21 +328,27 @@ int main(int argc, char **argv)
         default:
             tap(c, returnKey);
         }
-        drain(c, 1000 / 15);
+        drain(c, damageEvent, 1000 / 15);
     }
     const ProcessTimes typingStop = readProcess(pid);
+    const DamageCount typed = damageCount;
+    drain(c, damageEvent, 2500);
+    const double frameRate = double(typed.frames) / seconds;
 
-    std::printf(
-        "| latency, key press to first drawing | p50 %.2f ms, p99 %.2f ms (%zu of 200 presses) |\n",
-        latencies.empty() ? -1.0 : percentile(latencies, 0.5),
-        latencies.empty() ? -1.0 : percentile(latencies, 0.99), latencies.size());
-    std::printf("| idle for %d s | %.3f s CPU, %lld wake-ups |\n", seconds,
-                idleEnd.cpuSeconds - idleStart.cpuSeconds,
-                wakeUps(idleStart, idleEnd));
-    std::printf("| typing 15 keys/s for %d s | %.3f s CPU (%.3f s of it in the kernel) |\n",
+    std::printf("first key after start, press to first drawing\t%.2f ms\n", first);
+    std::printf("latency, row already showing\t%s\n", latencyText(showing, 200).c_str());
+    std::printf("latency, empty overlay\t%s\n", latencyText(empty, 20).c_str());
+    std::printf("idle for %d s\t%.3f s CPU, %lld wake-ups\n", seconds,
+                idleEnd.cpuSeconds - idleStart.cpuSeconds, wakeUps(idleStart, idleEnd));
+    std::printf("typing 15 keys/s for %d s\t%.3f s CPU (%.3f s in the kernel), %lld wake-ups\n",
                 seconds, typingStop.cpuSeconds - typingStart.cpuSeconds,
-                typingStop.systemSeconds - typingStart.systemSeconds);
-    std::printf("| resident memory after typing | %.1f MB |\n", double(typingStop.rssKiB) / 1024.0);
+                typingStop.systemSeconds - typingStart.systemSeconds,
+                wakeUps(typingStart, typingStop));
+    std::printf("frames drawn while typing\t%lld (%.0f a second), %.1f per shown key, %.1f "
+                "damage events per frame\n",
+                typed.frames, frameRate, shownKeys ? double(typed.frames) / shownKeys : 0.0,
+                typed.frames ? double(typed.events) / double(typed.frames) : 0.0);
+    std::printf("resident memory after typing\t%.1f MB\n", double(typingStop.rssKiB) / 1024.0);
     xcb_disconnect(c);
     return 0;
 }

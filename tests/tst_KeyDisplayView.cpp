@@ -144,6 +144,31 @@ private slots:
         QCOMPARE(view->keyFrames(), QList<QRectF>{frame});
         // Read back from the pixels (more than half covered), as far as it is on screen.
         QCOMPARE(inkOf(render(*view), 128), frame.toRect() & QRect(QPoint(), windowSize));
+        // The window needs only a band across the display holding the row.
+        const QRect area = view->drawingArea();
+        QVERIFY(area.width() == windowSize.width() && area.height() < windowSize.height() / 3);
+        QCOMPARE(area | (view->contentRegion().boundingRect() & QRect(QPoint(), windowSize)), area);
+    }
+
+    void aNewCapRepaintsOnlyWhatMovesWithinTheDrawingArea()
+    {
+        QList<KeyPress> keys = makeKeys({QStringLiteral("A"), QStringLiteral("B")});
+        auto view = makeView(KeyAnimationStyle::bounce, keys, KeyPosition::bottomLeft);
+        advance(*view, 2.0);
+        const QRect first = view->keyFrames().first().toAlignedRect();
+        QSignalSpy updates(view.get(), &KeyDisplayView::updateRequested);
+        keys += makeKeys({QStringLiteral("C")});
+        keys.last().timestamp = 1003.0; // the newest: last in the row
+        view->setKeys(keys);
+        for (double time = 2.0; time < 2.8; time += 1.0 / 60.0) {
+            advance(*view, time);
+            const QRect area = view->drawingArea();
+            QCOMPARE(area | (view->contentRegion().boundingRect() & QRect(QPoint(), windowSize)),
+                     area);
+        }
+        QVERIFY(updates.count() > 20);
+        for (const QList<QVariant> &update : updates)
+            QVERIFY(!update.first().value<QRegion>().intersects(first));
     }
 
     void rowOrderAndSpacing_data()

@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <vector>
 
 namespace {
 constexpr double fontSize = 16.0;
@@ -192,11 +193,56 @@ void KeyCapsuleView::paint(QPainter &painter, const QRectF &frame, KeyEffectCach
         const QPointF snapped(std::round(device.x()) / dpr, std::round(device.y()) / dpr);
         position += snapped - device / dpr;
     }
-    // Scaled copies appear only for the fraction of a second a cap grows or shrinks; sampling
-    // them without smoothing keeps those frames cheap.
+    if (transform.type() == QTransform::TxScale && transform.m11() > 0.0 && transform.m22() > 0.0) {
+        drawScaled(painter, position, cap->image, dpr);
+        return;
+    }
     painter.save();
     painter.setRenderHint(QPainter::SmoothPixmapTransform, false);
     painter.drawImage(position, cap->image);
+    painter.restore();
+}
+
+void KeyCapsuleView::drawScaled(QPainter &painter, const QPointF &position, const QImage &image,
+                                qreal dpr)
+{
+    // Scaled copies appear only for the fraction of a second a cap grows or shrinks. Sampled
+    // without smoothing into a scratch image on whole device pixels, then blended as a plain
+    // copy: far cheaper than a transformed blend, above all at part opacity.
+    const QTransform transform = painter.worldTransform();
+    const QPointF origin = transform.map(position) * dpr;
+    const int left = static_cast<int>(std::lround(origin.x()));
+    const int top = static_cast<int>(std::lround(origin.y()));
+    const int width = static_cast<int>(std::lround(image.width() * transform.m11()));
+    const int height = static_cast<int>(std::lround(image.height() * transform.m22()));
+    if (width <= 0 || height <= 0)
+        return;
+    static QImage scratch; // GUI thread only; reused from frame to frame
+    if (scratch.width() < width || scratch.height() < height)
+        scratch = QImage(std::max(width, scratch.width()), std::max(height, scratch.height()),
+                         QImage::Format_ARGB32_Premultiplied);
+    static std::vector<int> columns;
+    columns.resize(static_cast<std::size_t>(width));
+    for (int x = 0; x < width; ++x)
+        columns[static_cast<std::size_t>(x)] =
+            std::min(image.width() - 1, static_cast<int>((x + 0.5) * image.width() / width));
+    uchar *const scratchBits = scratch.bits();
+    const uchar *const imageBits = image.constBits();
+    for (int y = 0; y < height; ++y) {
+        const int sourceY =
+            std::min(image.height() - 1, static_cast<int>((y + 0.5) * image.height() / height));
+        const auto *source =
+            reinterpret_cast<const QRgb *>(imageBits + sourceY * image.bytesPerLine());
+        auto *target = reinterpret_cast<QRgb *>(scratchBits + y * scratch.bytesPerLine());
+        for (int x = 0; x < width; ++x)
+            target[x] = source[columns[static_cast<std::size_t>(x)]];
+    }
+    QImage scaled(scratch.constBits(), width, height, scratch.bytesPerLine(),
+                  QImage::Format_ARGB32_Premultiplied); // a view of the scratch pixels
+    scaled.setDevicePixelRatio(dpr);
+    painter.save();
+    painter.resetTransform();
+    painter.drawImage(QPointF(left / dpr, top / dpr), scaled);
     painter.restore();
 }
 

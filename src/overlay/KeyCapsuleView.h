@@ -61,6 +61,9 @@ public:
                double opacity = 1.0) const;
 
 private:
+    // Draws `image` under the painter's scaling, on whole device pixels, without smoothing.
+    static void drawScaled(QPainter &painter, const QPointF &position, const QImage &image,
+                           qreal dpr);
     void paintLayers(QPainter &painter, const QRectF &frame, KeyEffectCache &effects) const;
 
     KeyAppearanceSnapshot m_style;

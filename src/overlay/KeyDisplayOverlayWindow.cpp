@@ -3,11 +3,15 @@
 #include "capture/CompositorWatcher.h"
 #include "capture/KeyManager.h"
 #include "overlay/KeyDisplayView.h"
+#include "overlay/KeyView.h"
 #include "settings/DisplaySettingsStore.h"
+#include "settings/SettingsStore.h"
 
 #include <QGuiApplication>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QScreen>
+#include <QTimer>
 
 #include <algorithm>
 
@@ -24,7 +28,8 @@ KeyDisplayOverlayWindow::KeyDisplayOverlayWindow(quint32 displayID, KeyManager &
     : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint |
                            Qt::WindowTransparentForInput | Qt::WindowDoesNotAcceptFocus | Qt::Tool |
                            Qt::X11BypassWindowManagerHint),
-      m_displayID(displayID), m_view(std::make_unique<KeyDisplayView>(settings))
+      m_displayID(displayID), m_settings(settings),
+      m_view(std::make_unique<KeyDisplayView>(settings))
 {
     setWindowTitle(QStringLiteral("Vantrel"));
     setAttribute(Qt::WA_TranslucentBackground);
@@ -48,6 +53,9 @@ KeyDisplayOverlayWindow::KeyDisplayOverlayWindow(quint32 displayID, KeyManager &
             });
     connect(m_view.get(), &KeyDisplayView::updateRequested, this,
             &KeyDisplayOverlayWindow::onUpdateRequested);
+    connect(m_view.get(), &KeyDisplayView::drawingAreaChanged, this,
+            &KeyDisplayOverlayWindow::fitToDrawingArea);
+    QTimer::singleShot(0, this, &KeyDisplayOverlayWindow::warmUp);
 
     if (compositor)
         connect(compositor, &CompositorWatcher::compositingChanged, this,
@@ -62,9 +70,39 @@ KeyDisplayOverlayWindow::~KeyDisplayOverlayWindow() = default;
 
 void KeyDisplayOverlayWindow::setFrame(const QRect &frame)
 {
-    setGeometry(frame);
+    m_frame = frame;
+    if (const QScreen *display = QGuiApplication::screenAt(frame.center()))
+        m_view->setRefreshRate(display->refreshRate());
     m_view->setSize(frame.size());
+    fitToDrawingArea();
     update();
+}
+
+void KeyDisplayOverlayWindow::fitToDrawingArea()
+{
+    QRect area = m_view->drawingArea();
+    if (area.isEmpty())
+        area = QRect(0, 0, std::max(1, m_frame.width()), 1);
+    if (area == m_area && geometry() == area.translated(m_frame.topLeft()))
+        return;
+    m_area = area;
+    setGeometry(area.translated(m_frame.topLeft()));
+    if (!m_compositing)
+        renderShapedFrame();
+    update();
+}
+
+void KeyDisplayOverlayWindow::warmUp()
+{
+    const KeyPress sample{QUuid(), QStringLiteral("W"), 0, KeyCategory(KeyCategory::Kind::letter),
+                          0.0};
+    const KeyView view(sample, m_settings.value(AppSettings::keySize), m_settings);
+    QImage scratch(1, 1, QImage::Format_ARGB32_Premultiplied);
+    scratch.setDevicePixelRatio(devicePixelRatioF());
+    QPainter painter(&scratch);
+    view.paint(painter, QPointF(0.0, 0.0), 0.0,
+               m_compositing ? std::clamp(m_settings.value(AppSettings::keyOpacity), 0.0, 1.0)
+                             : 1.0);
 }
 
 void KeyDisplayOverlayWindow::orderFront()
@@ -76,12 +114,6 @@ void KeyDisplayOverlayWindow::orderFront()
 void KeyDisplayOverlayWindow::close()
 {
     QWidget::close();
-}
-
-void KeyDisplayOverlayWindow::resizeEvent(QResizeEvent *event)
-{
-    QWidget::resizeEvent(event);
-    m_view->setSize(size());
 }
 
 void KeyDisplayOverlayWindow::setCompositing(bool compositing)
@@ -104,19 +136,24 @@ void KeyDisplayOverlayWindow::onUpdateRequested(const QRegion &region)
 {
     // Painted at once rather than on a later pass of the event loop: a key shows as soon as
     // it is pressed.
+    // One rectangle: under a clip of several, Qt blends every image the slow, generic way.
     if (m_compositing) {
-        repaint(region);
+        repaint(region.boundingRect().translated(-m_area.topLeft()));
         return;
     }
     const QRegion before = m_shape;
     renderShapedFrame();
     // The old and new caps' areas both change.
-    repaint(region.united(before).united(m_shape));
+    repaint(region.boundingRect()
+                .translated(-m_area.topLeft())
+                .united(before.boundingRect())
+                .united(m_shape.boundingRect()));
 }
 
 void KeyDisplayOverlayWindow::renderShapedFrame()
 {
-    m_shapedRect = m_view->contentRegion().boundingRect().intersected(rect());
+    m_shapedRect =
+        m_view->contentRegion().boundingRect().translated(-m_area.topLeft()).intersected(rect());
     if (m_shapedRect.isEmpty()) {
         m_shapedFrame = QImage();
         m_shape = QRegion();
@@ -129,7 +166,7 @@ void KeyDisplayOverlayWindow::renderShapedFrame()
     frame.fill(Qt::transparent);
     {
         QPainter painter(&frame);
-        painter.translate(-m_shapedRect.topLeft());
+        painter.translate(-m_shapedRect.topLeft() - m_area.topLeft());
         m_view->paint(painter);
     }
     // Keep what is mostly covered, drawn opaque in its own colour; drop soft edges, shadows and
@@ -145,11 +182,13 @@ void KeyDisplayOverlayWindow::renderShapedFrame()
         }
         band.clear();
     };
-    for (int y = 0; y < frame.height(); ++y) {
+    const int width = frame.width();
+    const int height = frame.height();
+    for (int y = 0; y < height; ++y) {
         auto *line = reinterpret_cast<QRgb *>(frame.scanLine(y));
         runs.clear();
         int runStart = -1;
-        for (int x = 0; x < frame.width(); ++x) {
+        for (int x = 0; x < width; ++x) {
             const QRgb pixel = line[x];
             const int alpha = qAlpha(pixel);
             if (alpha < 128) {
@@ -166,7 +205,7 @@ void KeyDisplayOverlayWindow::renderShapedFrame()
                 runStart = x;
         }
         if (runStart >= 0)
-            runs.append(QRect(runStart, y, frame.width() - runStart, 1));
+            runs.append(QRect(runStart, y, width - runStart, 1));
         const bool sameRuns = runs.size() == band.size() &&
                               std::equal(runs.cbegin(), runs.cend(), band.cbegin(),
                                          [](const QRect &a, const QRect &b) {
@@ -177,7 +216,7 @@ void KeyDisplayOverlayWindow::renderShapedFrame()
             band = runs;
         }
     }
-    flush(frame.height() - 1);
+    flush(height - 1);
     QRegion shape;
     shape.setRects(rects.constData(), int(rects.size()));
     if (ratio != 1.0) {
@@ -214,7 +253,8 @@ void KeyDisplayOverlayWindow::paintEvent(QPaintEvent *event)
     painter.fillRect(event->rect(), Qt::transparent);
     painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
     if (m_compositing) {
-        m_view->paint(painter);
+        painter.translate(-m_area.topLeft());
+        m_view->paint(painter, event->rect().translated(m_area.topLeft()));
         return;
     }
     if (!m_shapedFrame.isNull())

@@ -20,6 +20,10 @@ class SettingsStore;
 // With a compositing manager the window is translucent. Without one the X server shows a
 // translucent window's transparent pixels as black, so the window's shape is cut to the caps
 // (following them as they come, go and move) and the caps are drawn opaque.
+//
+// The row is laid out over the display's available area, but the window covers only the band
+// where the row can be drawn: the server and a compositor touch, and the window's image holds,
+// a fraction of the display's pixels.
 class KeyDisplayOverlayWindow final : public QWidget, public KeyDisplayWindow {
     Q_OBJECT
 
@@ -37,10 +41,13 @@ public:
 
 protected:
     void paintEvent(QPaintEvent *event) override;
-    void resizeEvent(QResizeEvent *event) override;
 
 private:
     void setCompositing(bool compositing);
+    // Fits the window to the view's drawing area within the display's area.
+    void fitToDrawingArea();
+    // Renders a sample cap once, so the first key shown finds its shadow and glyphs ready.
+    void warmUp();
     void onUpdateRequested(const QRegion &region);
     // Without a compositor: renders the row opaque into m_shapedFrame and cuts the shape to it.
     void renderShapedFrame();
@@ -48,6 +55,9 @@ private:
     void hideShape();
 
     const quint32 m_displayID;
+    SettingsStore &m_settings;
+    QRect m_frame; // the display's available area
+    QRect m_area;  // the window's part of it, in the view's coordinates
     std::unique_ptr<KeyDisplayView> m_view;
     bool m_compositing = false;
     QImage m_shapedFrame; // covers m_shapedRect, in window coordinates

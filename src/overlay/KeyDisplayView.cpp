@@ -23,8 +23,12 @@ constexpr double compactHorizontalPadding = 20.0;
 // Where a custom row sits on a display without a stored configuration.
 constexpr double defaultCustomX = 0.5;
 constexpr double defaultCustomY = 0.85;
-// About 60 frames per second while something moves.
-constexpr int frameInterval = 33;
+// Frame rates: the display's, within these bounds; 60 when the display does not say.
+constexpr double lowestFrameRate = 30.0;
+constexpr double highestFrameRate = 60.0;
+// Room in the drawing area beyond a resting cap: springs overshoot by some 8 %, plus slack.
+constexpr double drawingAreaGrowth = 1.25;
+constexpr double drawingAreaSlack = 8.0;
 
 QPointF lerp(const QPointF &from, const QPointF &to, double t)
 {
@@ -61,6 +65,12 @@ struct KeyDisplayView::Item {
     QPointF to;
     double moveStart = 0.0;
     AnimationTiming moveTiming = AnimationTiming::easeInOut(0.0);
+
+    // What the latest frame drew, to repaint only caps that changed.
+    QRect drawnRect;
+    double drawnOpacity = -1.0;
+    double drawnScale = -1.0;
+    QSizeF drawnSize;
 };
 
 struct KeyDisplayView::Look {
@@ -74,9 +84,13 @@ KeyDisplayView::KeyDisplayView(SettingsStore &settings, QObject *parent)
 {
     m_elapsed.start();
     m_frameTimer.setParent(this);
-    m_frameTimer.setInterval(frameInterval);
+    m_frameTimer.setSingleShot(true);
     m_frameTimer.setTimerType(Qt::PreciseTimer);
-    connect(&m_frameTimer, &QTimer::timeout, this, &KeyDisplayView::updateFrame);
+    connect(&m_frameTimer, &QTimer::timeout, this, [this] {
+        m_timedFrame = true;
+        updateFrame();
+        m_timedFrame = false;
+    });
     connect(&m_settings, &SettingsStore::valueChanged, this, &KeyDisplayView::onSettingChanged);
 }
 
@@ -129,8 +143,10 @@ void KeyDisplayView::setKeys(const QList<KeyPress> &keys)
             continue;
         }
         if (item->phase != Item::Phase::removing) {
-            if (style == KeyAnimationStyle::none)
+            if (style == KeyAnimationStyle::none) {
+                m_lostRegion += item->drawnRect;
                 continue; // gone at once
+            }
             const QPointF center = centerOf(*item);
             item->from = item->to = center;
             item->phase = Item::Phase::removing;
@@ -211,12 +227,27 @@ void KeyDisplayView::setOpaque(bool opaque)
     emit updateRequested(m_contentRegion);
 }
 
+void KeyDisplayView::setRefreshRate(double hertz)
+{
+    m_refreshRate = hertz;
+}
+
+double KeyDisplayView::frameInterval() const
+{
+    const double rate = m_refreshRate > 0.0
+                            ? std::clamp(m_refreshRate, lowestFrameRate, highestFrameRate)
+                            : highestFrameRate;
+    return 1.0 / rate;
+}
+
 void KeyDisplayView::onSettingChanged(const QString &key)
 {
     if (!observedKeys().contains(key))
         return;
     // Cached shadows and glows of the old look are of no further use.
     KeyEffectCache::shared().clear();
+    m_referenceExtent = -1.0;
+    m_allDirty = true;
     m_frameTime = now();
     const double keySize = m_settings.value(AppSettings::keySize);
     for (auto &item : m_items) {
@@ -324,6 +355,7 @@ void KeyDisplayView::layout(bool animated)
         // Moves in flight end where they were heading.
         for (auto &item : m_items)
             item->from = item->to;
+        m_allDirty = true;
     }
 }
 
@@ -401,6 +433,7 @@ bool KeyDisplayView::advance()
         const double elapsed = m_frameTime - item.phaseStart;
         if (item.phase != Item::Phase::shown && item.transitionTiming.isFinished(elapsed)) {
             if (item.phase == Item::Phase::removing) {
+                m_lostRegion += item.drawnRect;
                 it = m_items.erase(it);
                 continue;
             }
@@ -425,31 +458,137 @@ void KeyDisplayView::publishFrame()
 {
     const bool moving = advance();
     QRegion region;
-    for (const auto &item : m_items)
-        region += visualRectOf(*item).toAlignedRect();
+    QRegion dirty = m_lostRegion;
+    m_lostRegion = QRegion();
+    for (const auto &item : m_items) {
+        const Look look = lookOf(*item);
+        const QRect rect = visualRectOf(*item).toAlignedRect();
+        const QSizeF size = item->view->size(m_frameTime);
+        region += rect;
+        // A cap drawn as before needs no repaint (one that changes repaints where it was too).
+        if (m_allDirty || rect != item->drawnRect || look.opacity != item->drawnOpacity ||
+            look.scale != item->drawnScale || size != item->drawnSize ||
+            item->view->isAnimating(m_frameTime)) {
+            dirty += item->drawnRect;
+            dirty += rect;
+        }
+        item->drawnRect = rect;
+        item->drawnOpacity = look.opacity;
+        item->drawnScale = look.scale;
+        item->drawnSize = size;
+    }
+    if (m_allDirty)
+        dirty += m_contentRegion;
+    m_allDirty = false;
 
-    const QRegion dirty = m_contentRegion + region;
     const bool regionChanged = region != m_contentRegion;
     m_contentRegion = region;
+    updateDrawingArea(region.boundingRect());
     if (regionChanged)
         emit contentRegionChanged(m_contentRegion);
     if (!dirty.isEmpty())
         emit updateRequested(dirty);
 
-    // The next frame follows a full interval after this one, also when a change of keys drew
-    // this one early: fast typing costs no frames beyond the animation's own.
     if (moving)
-        m_frameTimer.start();
+        scheduleNextFrame();
     else
         m_frameTimer.stop();
 }
 
+void KeyDisplayView::scheduleNextFrame()
+{
+    // Frames keep a steady beat from the timer; a frame drawn early for a change of keys
+    // restarts the beat, so fast typing costs no frames beyond the animation's own. A late
+    // frame is not made up for by early ones.
+    const double interval = frameInterval();
+    const double time = now();
+    double due = m_timedFrame ? m_nextFrameDue + interval : time + interval;
+    if (due < time + interval / 2.0)
+        due = time + interval;
+    m_nextFrameDue = due;
+    m_frameTimer.start(std::max(1, static_cast<int>(std::lround((due - time) * 1000.0))));
+}
+
+double KeyDisplayView::referenceExtent()
+{
+    if (m_referenceExtent >= 0.0)
+        return m_referenceExtent;
+    // A letter and a mouse click stand for every cap of the look.
+    const double keySize = m_settings.value(AppSettings::keySize);
+    double extent = 0.0;
+    for (const KeyPress &press :
+         {KeyPress{QUuid(), QStringLiteral("W"), 0, KeyCategory(KeyCategory::Kind::letter), 0.0},
+          KeyPress{QUuid(), QString(), KeyPress::leftClickCode,
+                   KeyCategory::mouse(MouseClickButton::left), 0.0}}) {
+        const KeyView view(press, keySize, m_settings);
+        const QMarginsF margins = view.visualMargins();
+        extent = std::max(extent, view.size().height() + margins.top() + margins.bottom());
+    }
+    m_referenceExtent = extent;
+    return extent;
+}
+
+void KeyDisplayView::updateDrawingArea(const QRect &content)
+{
+    if (m_size.isEmpty())
+        return;
+    double extent = referenceExtent();
+    for (const auto &item : m_items) {
+        const QMarginsF margins = item->view->visualMargins();
+        extent = std::max(extent, item->view->size().height() + margins.top() + margins.bottom());
+    }
+    const double reach = drawingAreaGrowth * extent + drawingAreaSlack;
+    const double height = m_size.height();
+    double top = 0.0;
+    double bottom = height;
+    switch (position()) {
+    case KeyPosition::topLeft:
+    case KeyPosition::topCenter:
+    case KeyPosition::topRight:
+        bottom = verticalMargin + reach;
+        break;
+    case KeyPosition::bottomLeft:
+    case KeyPosition::bottomCenter:
+    case KeyPosition::bottomRight:
+        top = height - verticalMargin - reach;
+        break;
+    case KeyPosition::custom: {
+        const double fy = m_configuration ? m_configuration->customOffsetY : defaultCustomY;
+        top = fy * height - reach / 2.0;
+        bottom = fy * height + reach / 2.0;
+        break;
+    }
+    }
+    const QRect window(QPoint(0, 0), m_size);
+    const QRect band = QRect(QPoint(0, static_cast<int>(std::floor(top))),
+                             QPoint(m_size.width() - 1, static_cast<int>(std::ceil(bottom))))
+                           .intersected(window);
+    // Caps that reach beyond the band (a look taller than its sample) widen it while they do.
+    const QRect shown = content.intersected(window);
+    const QRect area = band.united(shown);
+    if (area == m_drawingArea)
+        return;
+    m_drawingArea = area;
+    emit drawingAreaChanged(area);
+}
+
 void KeyDisplayView::paint(QPainter &painter) const
+{
+    paint(painter, QRect());
+}
+
+void KeyDisplayView::paint(QPainter &painter, const QRect &exposed) const
 {
     const double rowOpacity =
         m_opaque ? 1.0 : std::clamp(m_settings.value(AppSettings::keyOpacity), 0.0, 1.0);
     for (const auto &item : m_items) {
-        const Look look = lookOf(*item);
+        if (!exposed.isNull() && !visualRectOf(*item).toAlignedRect().intersects(exposed))
+            continue;
+        Look look = lookOf(*item);
+        // A window that cannot blend cannot fade either: its caps show whole from the first
+        // frame, moving and scaling as they would otherwise.
+        if (m_opaque)
+            look.opacity = 1.0;
         const double opacity = rowOpacity * look.opacity;
         if (opacity <= 0.0 || look.scale <= 0.0)
             continue;

@@ -32,8 +32,9 @@ class SettingsStore;
 // Keys come, go and move with the chosen animation style; a removed key keeps being drawn until
 // its removal has played. Changes of settings (look, size, spacing, opacity) show at once.
 //
-// Frames are produced only while something moves: a still row runs no timer and asks for no
-// repaint.
+// Frames are produced only while something moves, at the display's refresh rate (30 to 60 a
+// second): a still row runs no timer and asks for no repaint. Each frame asks to repaint only
+// the caps whose drawing changed.
 class KeyDisplayView final : public QObject {
     Q_OBJECT
 
@@ -49,15 +50,23 @@ public:
     // The display's stored configuration, or none for a display without one.
     void setConfiguration(const std::optional<DisplayConfiguration> &configuration);
     void setSize(const QSize &size);
-    // Draws the caps at full opacity whatever "keyOpacity" says: for windows that cannot blend
-    // (no compositor).
+    // Draws the caps at full opacity whatever "keyOpacity" and fades say: for windows that
+    // cannot blend (no compositor).
     void setOpaque(bool opaque);
+    // The display's refresh rate in hertz (0 when unknown); frames follow it within 30 to 60 a
+    // second.
+    void setRefreshRate(double hertz);
+
+    // Where the row can be drawn now and while it animates, shadows and glows included: a band
+    // across the whole width, clipped to the window. Empty before a size is known.
+    QRect drawingArea() const { return m_drawingArea; }
 
     QSize size() const { return m_size; }
     AppSettings::KeyPosition position() const;
 
-    // Paints the row as of the latest frame.
+    // Paints the row as of the latest frame; the second form only the caps touching `exposed`.
     void paint(QPainter &painter) const;
+    void paint(QPainter &painter, const QRect &exposed) const;
     // The area the caps cover now, shadows and glows included; empty when nothing shows.
     QRegion contentRegion() const { return m_contentRegion; }
     // The caps' frames as of the latest frame, in display order, keys being removed excluded.
@@ -74,6 +83,7 @@ signals:
     // The part of the window that needs repainting.
     void updateRequested(const QRegion &region);
     void contentRegionChanged(const QRegion &region);
+    void drawingAreaChanged(const QRect &area);
 
 private:
     struct Item;
@@ -89,6 +99,11 @@ private:
     QPointF centerOf(const Item &item) const;
     bool advance();
     void publishFrame();
+    void scheduleNextFrame();
+    void updateDrawingArea(const QRect &content);
+    double frameInterval() const;
+    // The height of a resting cap of the current look with its shadow and glow.
+    double referenceExtent();
 
     SettingsStore &m_settings;
     std::optional<DisplayConfiguration> m_configuration;
@@ -99,5 +114,13 @@ private:
     Clock m_clock;
     double m_frameTime = 0.0;
     QRegion m_contentRegion;
+    QRect m_drawingArea;
+    // Every cap is repainted on the next frame (a change of look or place).
+    bool m_allDirty = true;
     bool m_opaque = false;
+    double m_refreshRate = 0.0;
+    double m_nextFrameDue = 0.0;
+    bool m_timedFrame = false;
+    double m_referenceExtent = -1.0;
+    QRegion m_lostRegion;
 };

@@ -51,6 +51,12 @@ void KeyView::setKeySize(double keySize)
 
 void KeyView::setKeyPress(const KeyPress &keyPress, double now)
 {
+    if (keyPress.keyName == m_keyPress.keyName && keyPress.category == m_keyPress.category &&
+        keyPress.keyCode == m_keyPress.keyCode) {
+        // The same cap: nothing to resolve again (a change of look calls refresh()).
+        m_keyPress = keyPress;
+        return;
+    }
     if (keyPress.keyName != m_keyPress.keyName || keyPress.category != m_keyPress.category) {
         // Start from what is on screen now, even in the middle of an earlier change.
         Content shown{m_keyPress, m_snapshot, m_contentSize, size(now)};
