@@ -27,8 +27,9 @@ for file in ./usr/bin/vantrel ./usr/share/applications/com.vantrel.Vantrel.deskt
     ./usr/share/man/man1/vantrel.1.gz ./usr/share/doc/vantrel/copyright; do
     grep -qxF "$file" <<<"$contents" || fail "the package lacks $file"
 done
-dpkg-deb --fsys-tarfile "$deb" | tar -xO ./usr/share/dbus-1/services/com.vantrel.Vantrel.service |
-    grep -qx 'Exec=/usr/bin/vantrel' || fail "the packaged D-Bus service does not start /usr/bin/vantrel"
+dpkg-deb -x "$deb" "$work/root"
+grep -qx 'Exec=/usr/bin/vantrel' "$work/root/usr/share/dbus-1/services/com.vantrel.Vantrel.service" ||
+    fail "the packaged D-Bus service does not start /usr/bin/vantrel"
 
 for field in Package Version Architecture Maintainer Section Description Depends; do
     [ -n "$(dpkg-deb -f "$deb" "$field")" ] || fail "the control field $field is empty"
@@ -38,14 +39,17 @@ done
 
 # Every Qt 6 and xcb library the program links must be named by its package in Depends.
 depends="$(dpkg-deb -f "$deb" Depends)"
-dpkg-deb -x "$deb" "$work/root"
 needed="$(objdump -p "$work/root/usr/bin/vantrel" | awk '$1 == "NEEDED" { print $2 }' |
     grep -E '^lib(Qt6|xcb|xkbcommon)')"
 [ -n "$needed" ] || fail "the program links no Qt 6 or xcb library"
+# Read into files first: a reader that stops early would break the pipe and end the script.
+ldconfig -p >"$work/ldconfig.txt"
 for library in $needed; do
-    path="$(ldconfig -p | awk -v lib="$library" '$1 == lib { print $NF; exit }')"
-    package="$(dpkg -S "$(readlink -f "$path")" 2>/dev/null | head -1 | cut -d: -f1)"
-    [ -n "$package" ] || package="$(dpkg -S "$path" | head -1 | cut -d: -f1)"
+    path="$(awk -v lib="$library" '$1 == lib { print $NF; exit }' "$work/ldconfig.txt")"
+    [ -n "$path" ] || fail "ldconfig does not know $library"
+    dpkg -S "$(readlink -f "$path")" >"$work/owner.txt" 2>/dev/null || dpkg -S "$path" >"$work/owner.txt" 2>/dev/null ||
+        fail "no package owns $path"
+    package="$(sed -n '1s/:.*//p' "$work/owner.txt")"
     grep -qE "(^|, )$package( |,|$)" <<<"$depends" || fail "Depends lacks $package (for $library): $depends"
 done
 
