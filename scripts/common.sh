@@ -14,7 +14,8 @@ BUILD_PACKAGES=(
     fonts-dejavu-core librsvg2-bin desktop-file-utils appstream
 )
 # A virtual display and the tools that drive it (tests read the screen through X itself).
-DISPLAY_PACKAGES=(xvfb xdotool x11-xserver-utils x11-xkb-utils xcompmgr trayer dbus-daemon)
+DISPLAY_PACKAGES=(xvfb xdotool x11-xserver-utils x11-xkb-utils x11-utils xcompmgr trayer openbox
+    dbus-daemon)
 # Screenshots of the demonstration on a machine without a display.
 DEMO_PACKAGES=(imagemagick)
 

@@ -73,13 +73,11 @@ KeyboardShortcutRecorder::KeyboardShortcutRecorder(KeyboardShortcuts &shortcuts,
     layout->addWidget(m_field);
     layout->addWidget(m_clear);
 
-    connect(&shortcuts, &KeyboardShortcuts::shortcutByNameDidChange, this,
-            [this](const QString &changed) {
-                // A refusal may no longer hold once any shortcut changed.
-                setMessage({});
-                if (changed == m_name)
-                    updateField();
-            });
+    connect(&shortcuts, &KeyboardShortcuts::shortcutByNameDidChange, this, [this] {
+        // A refusal may no longer hold once any shortcut changed.
+        setMessage({});
+        updateField();
+    });
     changeEvent(nullptr);
     updateField();
 }
@@ -237,4 +235,7 @@ void KeyboardShortcutRecorder::updateField()
         m_field->setText(tr("Record Shortcut"));
     else
         m_field->setText(shortcut.toString(QKeySequence::NativeText));
+    if (!m_recording && m_shortcuts && m_shortcuts->isTakenByAnotherProgram(m_name))
+        setMessage(tr("%1 is already used by another program")
+                       .arg(shortcut.toString(QKeySequence::NativeText)));
 }

@@ -182,6 +182,7 @@ void KeyboardShortcuts::updateGrab(const QString &name)
         return;
     const std::optional<QKeyCombination> wanted =
         wantsGrab(name) ? storedCombination(name) : std::nullopt;
+    m_takenNames.remove(name);
     const auto current = m_grabbed.constFind(name);
     if (current != m_grabbed.cend() && wanted == *current)
         return;
@@ -192,11 +193,15 @@ void KeyboardShortcuts::updateGrab(const QString &name)
         }
         return;
     }
-    // A combination taken meanwhile by another program simply stays without effect.
-    if (m_grabber->grab(name, *wanted) == HotKeyGrabber::GrabResult::grabbed)
+    // A combination taken meanwhile by another program stays without effect; the recorder
+    // tells why.
+    const HotKeyGrabber::GrabResult result = m_grabber->grab(name, *wanted);
+    if (result == HotKeyGrabber::GrabResult::grabbed)
         m_grabbed.insert(name, *wanted);
     else
         m_grabbed.remove(name);
+    if (result == HotKeyGrabber::GrabResult::taken)
+        m_takenNames.insert(name);
 }
 
 void KeyboardShortcuts::handlePress(const QString &name)

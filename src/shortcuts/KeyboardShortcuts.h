@@ -52,6 +52,10 @@ public:
     // Runs `action` each time the shortcut of `name` is released. One handler per name.
     void onKeyUp(const QString &name, std::function<void()> action);
 
+    // Whether the grab of `name` failed because another program holds its combination (one
+    // that took it while Vantrel was not running, say).
+    bool isTakenByAnotherProgram(const QString &name) const { return m_takenNames.contains(name); }
+
     bool isRecorderActive() const { return !m_activeRecorders.isEmpty(); }
     // Recorders report here when they start and stop recording.
     void setRecorderActive(const QObject *recorder, bool active);
@@ -73,6 +77,7 @@ private:
     QHash<QString, std::function<void()>> m_handlers;
     QHash<QString, QKeyCombination> m_grabbed;
     QSet<QString> m_held;
+    QSet<QString> m_takenNames;
     QSet<const QObject *> m_activeRecorders;
     // Every name asked about, so that a combination is never given to two of them.
     mutable QSet<QString> m_knownNames;

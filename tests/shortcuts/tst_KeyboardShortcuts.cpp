@@ -117,6 +117,14 @@ private slots:
         QVERIFY(m_grabber->grabs.isEmpty());
     }
 
+    void reportsCombinationTakenAtStart()
+    {
+        m_grabber->taken.append(ctrlAltK[0]);
+        m_store->setRawValue(KeyboardShortcuts::settingsKey(name), u"Ctrl+Alt+K"_qs);
+        m_shortcuts->onKeyUp(name, [] {});
+        QVERIFY(m_shortcuts->isTakenByAnotherProgram(name));
+    }
+
     void setShortcut_data()
     {
         QTest::addColumn<QKeySequence>("sequence");

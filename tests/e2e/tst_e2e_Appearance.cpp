@@ -1,0 +1,249 @@
+// Whole-program test of the Appearance tab: the real vantrel on a private X server with a window
+// manager and a compositor, its settings window driven with xdotool, the overlay read back.
+#include "VirtualDisplay.h"
+#include "settings/AppSettings.h"
+#include "settings/SettingsStore.h"
+
+#include <QDir>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <functional>
+#include <memory>
+
+namespace {
+
+using PixelTest = std::function<bool(QRgb)>;
+
+// The neon look's magenta, blended or not.
+bool isMagenta(QRgb p)
+{
+    return qRed(p) > 170 && qGreen(p) < 110 && qBlue(p) > 170;
+}
+
+// The accent tint of a selected tile (a light blue), not the grey of the others.
+bool isAccentTint(QRgb p)
+{
+    return qBlue(p) - qRed(p) > 20 && qBlue(p) > 150;
+}
+
+int count(const QImage &screen, const QRect &area, const PixelTest &test)
+{
+    int n = 0;
+    for (int y = area.top(); y <= area.bottom(); ++y)
+        for (int x = area.left(); x <= area.right(); ++x)
+            n += test(screen.pixel(x, y)) ? 1 : 0;
+    return n;
+}
+
+// The boxes around groups of matching pixels in `area`, one per band of rows that hold some.
+QList<QRect> bands(const QImage &screen, const QRect &area, const PixelTest &test)
+{
+    QList<QRect> found;
+    QRect box;
+    for (int y = area.top(); y <= area.bottom() + 1; ++y) {
+        QRect row;
+        if (y <= area.bottom())
+            for (int x = area.left(); x <= area.right(); ++x)
+                if (test(screen.pixel(x, y)))
+                    row |= QRect(x, y, 1, 1);
+        if (!row.isNull()) {
+            box |= row;
+        } else if (!box.isNull()) {
+            found.append(box);
+            box = QRect();
+        }
+    }
+    return found;
+}
+
+} // namespace
+
+class tst_e2e_Appearance final : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<VirtualDisplay> m_display;
+    QTemporaryDir m_config;
+    QProcess m_bus;
+    QProcess m_windowManager;
+    std::unique_ptr<QProcess> m_vantrel;
+    QProcessEnvironment m_env;
+
+    // Where the settings window can be (the overlay's row shows below it).
+    static QRect windowArea() { return {0, 0, 3840, 880}; }
+    static QRect keyRowArea() { return {0, 920, 1920, 160}; }
+
+    bool xdotool(const QString &arguments) const
+    {
+        return m_display->xdotool(arguments.split(u' '));
+    }
+
+    QImage grab(const QString &name) const
+    {
+        const QImage screen = m_display->grab();
+        // For people who want to see what the test saw.
+        if (const QString dir = qEnvironmentVariable("VANTREL_E2E_SCREENSHOTS"); !dir.isEmpty())
+            screen.save(QDir(dir).filePath(name + u".png"));
+        return screen;
+    }
+
+    SettingsStore settings() const
+    {
+        return SettingsStore(m_config.filePath(QStringLiteral("Vantrel/Vantrel.conf")));
+    }
+
+    void startVantrel()
+    {
+        m_vantrel = std::make_unique<QProcess>();
+        m_vantrel->setProcessEnvironment(m_env);
+        m_vantrel->setProcessChannelMode(QProcess::MergedChannels);
+        m_vantrel->start(QStringLiteral(VANTREL_BINARY), {});
+        QByteArray said;
+        QTRY_VERIFY2_WITH_TIMEOUT((said += m_vantrel->readAll()).contains("showing pressed keys"),
+                                  said.constData(), 10000);
+    }
+
+    void stopVantrel()
+    {
+        if (!m_vantrel)
+            return;
+        m_vantrel->terminate();
+        QVERIFY(m_vantrel->waitForFinished(5000));
+        const QByteArray output = m_vantrel->readAll();
+        // Key labels never reach the terminal.
+        QVERIFY2(!output.contains("⌃") && !output.contains("K\n"), output.constData());
+        m_vantrel.reset();
+    }
+
+    // Opens the settings window from the command line and switches to its second tab.
+    void openAppearanceTab()
+    {
+        QProcess call;
+        call.setProcessEnvironment(m_env);
+        call.start(QStringLiteral(VANTREL_BINARY), {QStringLiteral("--settings")});
+        QVERIFY(call.waitForFinished(10000) && call.exitCode() == 0);
+        QVERIFY(m_display->run(QStringLiteral("xdotool"),
+                               {QStringLiteral("search"), QStringLiteral("--sync"),
+                                QStringLiteral("--onlyvisible"), QStringLiteral("--name"),
+                                QStringLiteral("Vantrel Settings"),
+                                QStringLiteral("windowactivate"), QStringLiteral("--sync")}));
+        QTest::qWait(300);
+        QVERIFY(xdotool(QStringLiteral("key ctrl+Tab")));
+        // Let the keys of the tab switch leave the overlay.
+        QTest::qWait(2200);
+    }
+
+    // The sample keys drawn in the neon look, top to bottom.
+    QList<QRect> neonTiles(const QString &name) const
+    {
+        return bands(grab(name), windowArea(), isMagenta);
+    }
+
+    void click(const QPoint &point)
+    {
+        QVERIFY(xdotool(QStringLiteral("mousemove %1 %2 click 1").arg(point.x()).arg(point.y())));
+        QTest::qWait(400);
+    }
+
+private slots:
+    void init()
+    {
+        m_display = std::make_unique<VirtualDisplay>();
+        QString error;
+        QVERIFY2(m_display->start(&error), qPrintable(error));
+        m_display->run(QStringLiteral("xsetroot"),
+                       {QStringLiteral("-solid"), QStringLiteral("#204060")});
+        QVERIFY(m_display->startCompositor());
+        // A window manager, so that the settings window and its sheet take the keyboard.
+        m_windowManager.setProcessEnvironment(m_display->environment());
+        m_windowManager.start(QStringLiteral("openbox"), {QStringLiteral("--sm-disable")});
+        QVERIFY(m_windowManager.waitForStarted(5000));
+        // Vantrel is reached over a session bus of the test's own.
+        m_bus.start(QStringLiteral("dbus-daemon"),
+                    {QStringLiteral("--session"), QStringLiteral("--nofork"),
+                     QStringLiteral("--print-address=1")});
+        QVERIFY(m_bus.waitForReadyRead(5000));
+        m_env = m_display->environment();
+        m_env.insert(QStringLiteral("XDG_CONFIG_HOME"), m_config.path());
+        m_env.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"),
+                     QString::fromLatin1(m_bus.readLine().trimmed()));
+        QTest::qWait(500);
+    }
+
+    void cleanup()
+    {
+        stopVantrel();
+        m_bus.terminate();
+        m_bus.waitForFinished(3000);
+        m_windowManager.terminate();
+        m_windowManager.waitForFinished(3000);
+        m_display.reset();
+        QFile::remove(m_config.filePath(QStringLiteral("Vantrel/Vantrel.conf")));
+    }
+
+    void neonTileDrawsKeysInNeon()
+    {
+        startVantrel();
+        openAppearanceTab();
+
+        // The first look draws no magenta.
+        QVERIFY(xdotool(QStringLiteral("key ctrl+k")));
+        QTest::qWait(500);
+        QCOMPARE(count(grab(QStringLiteral("modern-keys")), keyRowArea(), isMagenta), 0);
+        QTest::qWait(1800);
+
+        const QList<QRect> tiles = neonTiles(QStringLiteral("tab"));
+        QCOMPARE(tiles.size(), 1);
+        click(tiles.first().center());
+        QCOMPARE(settings().value(AppSettings::keyStyle), AppSettings::KeyStyle::neon);
+
+        QVERIFY(xdotool(QStringLiteral("key ctrl+k")));
+        QTest::qWait(600);
+        const QImage keys = grab(QStringLiteral("neon-keys"));
+        // Magenta labels and borders on near-black caps.
+        QVERIFY(count(keys, keyRowArea(), isMagenta) > 100);
+        QVERIFY(count(keys, keyRowArea(), [](QRgb p) {
+                    return qRed(p) < 45 && qGreen(p) < 45 && qBlue(p) < 45;
+                }) > 500);
+    }
+
+    void savedPresetSurvivesRestart()
+    {
+        startVantrel();
+        openAppearanceTab();
+        const QList<QRect> tiles = neonTiles(QStringLiteral("tab"));
+        QCOMPARE(tiles.size(), 1);
+        click(tiles.first().center());
+
+        // From the neon tile the keyboard moves on to "New Preset".
+        QVERIFY(xdotool(QStringLiteral("key Tab space")));
+        QTest::qWait(600);
+        QVERIFY(xdotool(QStringLiteral("type Mine")));
+        QVERIFY(xdotool(QStringLiteral("key Return")));
+        QTest::qWait(600);
+
+        const QJsonArray presets =
+            QJsonDocument::fromJson(settings().value(AppSettings::customKeyStylePresets)).array();
+        QCOMPARE(presets.size(), 1);
+        QCOMPARE(presets[0][QStringLiteral("name")].toString(), QStringLiteral("Mine"));
+        QCOMPARE(settings().value(AppSettings::selectedCustomPresetID),
+                 presets[0][QStringLiteral("id")].toString().toUpper());
+
+        stopVantrel();
+        startVantrel();
+        openAppearanceTab();
+        const QImage screen = grab(QStringLiteral("after-restart"));
+        const QList<QRect> after = bands(screen, windowArea(), isMagenta);
+        QCOMPARE(after.size(), 2);
+        // The preset's tile, under the built-in one, is the one marked.
+        const auto around = [](const QRect &cap) { return cap.adjusted(-40, -10, 40, 30); };
+        QVERIFY(count(screen, around(after[1]), isAccentTint) > 200);
+        QCOMPARE(count(screen, around(after[0]), isAccentTint), 0);
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_e2e_Appearance)
+#include "tst_e2e_Appearance.moc"
