@@ -115,17 +115,26 @@ private slots:
         QCOMPARE(m_releases, 1);
     }
 
+    // Grabs Ctrl+Alt+K on the root for `connection`; false if another client holds it.
+    static bool grabCtrlAltK(xcb_connection_t *connection)
+    {
+        const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(connection)).data->root;
+        // Keycode 45 is K on the server's US keyboard; no lock held.
+        xcb_generic_error_t *error = xcb_request_check(
+            connection,
+            xcb_grab_key_checked(connection, 0, root, XCB_MOD_MASK_CONTROL | XCB_MOD_MASK_1, 45,
+                                 XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC));
+        const bool grabbed = !error;
+        std::free(error);
+        return grabbed;
+    }
+
     // Through the library, as the recorder sees it: refused, and the old shortcut stays.
     void takenByAnotherClient()
     {
         xcb_connection_t *other = xcb_connect(qPrintable(m_xvfb.displayName()), nullptr);
         QVERIFY(!xcb_connection_has_error(other));
-        const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(other)).data->root;
-        // Keycode 45 is K on the server's US keyboard; no lock held.
-        xcb_generic_error_t *error = xcb_request_check(
-            other, xcb_grab_key_checked(other, 0, root, XCB_MOD_MASK_CONTROL | XCB_MOD_MASK_1, 45,
-                                        XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC));
-        QVERIFY(!error);
+        QVERIFY(grabCtrlAltK(other));
         QTemporaryDir dir;
         SettingsStore store(dir.filePath(QStringLiteral("Vantrel.conf")));
         KeyboardShortcuts shortcuts(store, std::move(m_grabber));
@@ -139,6 +148,12 @@ private slots:
         // Free again once the other program has gone.
         QTRY_COMPARE(shortcuts.setShortcut(name, QKeySequence(ctrlAltK)),
                      KeyboardShortcuts::SetResult::set);
+
+        // Cleared, the combination is free for other programs again.
+        shortcuts.reset(name);
+        xcb_connection_t *third = xcb_connect(qPrintable(m_xvfb.displayName()), nullptr);
+        QVERIFY(grabCtrlAltK(third));
+        xcb_disconnect(third);
     }
 };
 
