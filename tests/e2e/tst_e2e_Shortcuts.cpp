@@ -7,7 +7,10 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <xcb/xcb.h>
+
 #include <algorithm>
+#include <cstdlib>
 #include <memory>
 
 namespace {
@@ -52,6 +55,21 @@ class tst_e2e_Shortcuts final : public QObject {
             }
         }
         return false;
+    }
+
+    // Whether some client holds Ctrl+Alt+K on the root: a grab of it by another client fails.
+    bool ctrlAltKIsGrabbed() const
+    {
+        xcb_connection_t *c = xcb_connect(qPrintable(m_display->displayName()), nullptr);
+        const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(c)).data->root;
+        // Keycode 45 is K on the server's US keyboard.
+        xcb_generic_error_t *error = xcb_request_check(
+            c, xcb_grab_key_checked(c, 0, root, XCB_MOD_MASK_CONTROL | XCB_MOD_MASK_1, 45,
+                                    XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC));
+        const bool held = error && error->error_code == XCB_ACCESS;
+        std::free(error);
+        xcb_disconnect(c);
+        return held;
     }
 
 private slots:
@@ -100,8 +118,11 @@ private slots:
         QProcess *vantrel = startProgram(QStringLiteral(VANTREL_BINARY), {});
         QVERIFY(vantrel);
         QVERIFY(waitForOutput(*vantrel, showing, 10000));
-        // The shortcuts are registered last at start-up; let the grabs reach the server.
-        QTest::qWait(500);
+        // The shortcuts are registered last at start-up: wait until the grab is in place.
+        if (!recorded.isEmpty())
+            QTRY_VERIFY_WITH_TIMEOUT(ctrlAltKIsGrabbed(), 5000);
+        else
+            QTest::qWait(500);
         if (capsLock)
             QVERIFY(m_display->xdotool({u"key"_qs, u"Caps_Lock"_qs}));
 

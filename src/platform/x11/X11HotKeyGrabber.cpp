@@ -1,4 +1,6 @@
 #include "platform/x11/X11HotKeyGrabber.h"
+
+#include "platform/x11/XkbConnection.h"
 #include "platform/x11/XkbEventHead.h"
 
 #include <QSocketNotifier>
@@ -66,26 +68,11 @@ bool isAccessError(xcb_generic_error_t *error)
 
 std::unique_ptr<X11HotKeyGrabber> X11HotKeyGrabber::create(const QByteArray &displayName)
 {
-    xcb_connection_t *connection =
-        xcb_connect(displayName.isEmpty() ? nullptr : displayName.constData(), nullptr);
-    if (!connection || xcb_connection_has_error(connection)) {
-        xcb_disconnect(connection);
+    const std::optional<XkbConnection> xkb = XkbConnection::open(displayName);
+    if (!xkb)
         return nullptr;
-    }
-    quint8 firstXkbEvent = 0;
-    const int deviceId = xkb_x11_setup_xkb_extension(connection, XKB_X11_MIN_MAJOR_XKB_VERSION,
-                                                     XKB_X11_MIN_MINOR_XKB_VERSION,
-                                                     XKB_X11_SETUP_XKB_EXTENSION_NO_FLAGS, nullptr,
-                                                     nullptr, &firstXkbEvent, nullptr)
-                             ? xkb_x11_get_core_keyboard_device_id(connection)
-                             : -1;
-    xkb_context *context = deviceId >= 0 ? xkb_context_new(XKB_CONTEXT_NO_FLAGS) : nullptr;
-    if (!context) {
-        xcb_disconnect(connection);
-        return nullptr;
-    }
     std::unique_ptr<X11HotKeyGrabber> grabber(
-        new X11HotKeyGrabber(connection, context, deviceId, firstXkbEvent));
+        new X11HotKeyGrabber(xkb->connection, xkb->context, xkb->deviceId, xkb->firstXkbEvent));
     if (!grabber->loadKeymap())
         return nullptr;
     return grabber;
@@ -261,13 +248,16 @@ void X11HotKeyGrabber::regrabAll()
 {
     for (Grab &grab : m_grabs)
         ungrabKeys(grab);
-    m_down.clear();
     for (auto grab = m_grabs.begin(); grab != m_grabs.end();) {
         if (grabKeys(*grab) == GrabResult::grabbed)
             ++grab;
         else
             grab = m_grabs.erase(grab); // no longer on this keyboard, or taken meanwhile
     }
+    // A shortcut held across the change (xdotool, say, changes the keymap as it types) still
+    // fires on its release: key codes name physical keys and stay.
+    m_down.removeIf(
+        [this](QHash<quint8, QString>::iterator down) { return !m_grabs.contains(down.value()); });
     xcb_flush(m_connection);
 }
 

@@ -1,4 +1,6 @@
 #include "platform/x11/X11KeyboardLayoutMonitor.h"
+
+#include "platform/x11/XkbConnection.h"
 #include "platform/x11/XkbEventHead.h"
 
 #include "platform/linux/XkbKeyboardLayoutSource.h"
@@ -19,26 +21,11 @@
 std::unique_ptr<X11KeyboardLayoutMonitor>
 X11KeyboardLayoutMonitor::create(const QByteArray &displayName)
 {
-    xcb_connection_t *connection =
-        xcb_connect(displayName.isEmpty() ? nullptr : displayName.constData(), nullptr);
-    if (!connection || xcb_connection_has_error(connection)) {
-        xcb_disconnect(connection);
+    const std::optional<XkbConnection> xkb = XkbConnection::open(displayName);
+    if (!xkb)
         return nullptr;
-    }
-    quint8 firstXkbEvent = 0;
-    const int deviceId = xkb_x11_setup_xkb_extension(connection, XKB_X11_MIN_MAJOR_XKB_VERSION,
-                                                     XKB_X11_MIN_MINOR_XKB_VERSION,
-                                                     XKB_X11_SETUP_XKB_EXTENSION_NO_FLAGS, nullptr,
-                                                     nullptr, &firstXkbEvent, nullptr)
-                             ? xkb_x11_get_core_keyboard_device_id(connection)
-                             : -1;
-    xkb_context *context = deviceId >= 0 ? xkb_context_new(XKB_CONTEXT_NO_FLAGS) : nullptr;
-    if (!context) {
-        xcb_disconnect(connection);
-        return nullptr;
-    }
-    std::unique_ptr<X11KeyboardLayoutMonitor> monitor(
-        new X11KeyboardLayoutMonitor(connection, context, deviceId, firstXkbEvent));
+    std::unique_ptr<X11KeyboardLayoutMonitor> monitor(new X11KeyboardLayoutMonitor(
+        xkb->connection, xkb->context, xkb->deviceId, xkb->firstXkbEvent));
     if (!monitor->selectEvents() || !monitor->loadKeymap())
         return nullptr;
     return monitor;
