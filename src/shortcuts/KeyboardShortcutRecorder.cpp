@@ -14,26 +14,6 @@ namespace {
 constexpr Qt::KeyboardModifiers recordedModifiers =
     Qt::ShiftModifier | Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
 
-bool isModifierKey(int key)
-{
-    switch (key) {
-    case Qt::Key_Shift:
-    case Qt::Key_Control:
-    case Qt::Key_Alt:
-    case Qt::Key_AltGr:
-    case Qt::Key_Meta:
-    case Qt::Key_Super_L:
-    case Qt::Key_Super_R:
-    case Qt::Key_Hyper_L:
-    case Qt::Key_Hyper_R:
-    case Qt::Key_CapsLock:
-    case Qt::Key_NumLock:
-        return true;
-    default:
-        return false;
-    }
-}
-
 } // namespace
 
 KeyboardShortcutRecorder::KeyboardShortcutRecorder(KeyboardShortcuts &shortcuts,
@@ -158,7 +138,7 @@ void KeyboardShortcutRecorder::handleKeyPress(const QKeyEvent &event)
 {
     const int key = event.key();
     const Qt::KeyboardModifiers modifiers = event.modifiers() & recordedModifiers;
-    if (isModifierKey(key)) {
+    if (KeyboardShortcuts::isModifierKey(key)) {
         showModifiers(modifiers);
         return;
     }

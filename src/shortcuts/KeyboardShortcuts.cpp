@@ -7,7 +7,22 @@ namespace {
 
 const QString keyPrefix = QStringLiteral("KeyboardShortcuts_");
 
-bool isModifierKey(int key)
+KeyboardShortcuts::SetResult toSetResult(HotKeyGrabber::GrabResult result)
+{
+    switch (result) {
+    case HotKeyGrabber::GrabResult::grabbed:
+        return KeyboardShortcuts::SetResult::set;
+    case HotKeyGrabber::GrabResult::taken:
+        return KeyboardShortcuts::SetResult::takenByAnotherProgram;
+    case HotKeyGrabber::GrabResult::unavailable:
+        break;
+    }
+    return KeyboardShortcuts::SetResult::unavailable;
+}
+
+} // namespace
+
+bool KeyboardShortcuts::isModifierKey(int key)
 {
     switch (key) {
     case Qt::Key_Shift:
@@ -27,21 +42,6 @@ bool isModifierKey(int key)
         return false;
     }
 }
-
-KeyboardShortcuts::SetResult toSetResult(HotKeyGrabber::GrabResult result)
-{
-    switch (result) {
-    case HotKeyGrabber::GrabResult::grabbed:
-        return KeyboardShortcuts::SetResult::set;
-    case HotKeyGrabber::GrabResult::taken:
-        return KeyboardShortcuts::SetResult::takenByAnotherProgram;
-    case HotKeyGrabber::GrabResult::unavailable:
-        break;
-    }
-    return KeyboardShortcuts::SetResult::unavailable;
-}
-
-} // namespace
 
 KeyboardShortcuts::KeyboardShortcuts(SettingsStore &store, std::unique_ptr<HotKeyGrabber> grabber,
                                      QObject *parent)

@@ -41,6 +41,8 @@ public:
     // Whether `combination` may be a global shortcut: a key with at least one of Ctrl, Alt and
     // Super, or a function key with any modifiers. A plain or shifted key would steal typing.
     static bool isAllowed(QKeyCombination combination);
+    // Whether `key` is a modifier or lock key, which is never a shortcut's key on its own.
+    static bool isModifierKey(int key);
 
     // The stored shortcut of `name`; empty when there is none.
     QKeySequence shortcut(const QString &name) const;

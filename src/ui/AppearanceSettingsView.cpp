@@ -57,9 +57,9 @@ const std::array effectSliders{
 
 const AppearanceSettingsView::SliderSpec *findSpec(const char *key)
 {
-    for (const auto &spec : effectSliders)
-        if (qstrcmp(spec.setting->key, key) == 0)
-            return &spec;
+    for (const auto &definition : effectSliders)
+        if (qstrcmp(definition.setting->key, key) == 0)
+            return &definition;
     return nullptr;
 }
 
@@ -234,18 +234,18 @@ void AppearanceSettingsView::refreshTileSelection()
 
 // ---- Basic ----
 
-SettingsRow *AppearanceSettingsView::addSlider(QWidget *section, const SliderSpec &spec)
+SettingsRow *AppearanceSettingsView::addSlider(QWidget *section, const SliderSpec &definition)
 {
     auto *control = new QWidget;
     auto *line = new QHBoxLayout(control);
     line->setContentsMargins(0, 0, 0, 0);
     auto *slider = new QSlider(Qt::Horizontal);
-    slider->setObjectName(spec.setting->name());
-    slider->setAccessibleName(tr(spec.title));
-    slider->setRange(int(std::lround(spec.minimum * spec.unitsPerValue)),
-                     int(std::lround(spec.maximum * spec.unitsPerValue)));
-    slider->setSingleStep(std::max(1, spec.unitsPerValue / 10));
-    slider->setPageStep(std::max(1, spec.unitsPerValue / 10) * 5);
+    slider->setObjectName(definition.setting->name());
+    slider->setAccessibleName(tr(definition.title));
+    slider->setRange(int(std::lround(definition.minimum * definition.unitsPerValue)),
+                     int(std::lround(definition.maximum * definition.unitsPerValue)));
+    slider->setSingleStep(std::max(1, definition.unitsPerValue / 10));
+    slider->setPageStep(std::max(1, definition.unitsPerValue / 10) * 5);
     slider->setMinimumWidth(160);
     auto *value = new QLabel;
     value->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
@@ -254,25 +254,26 @@ SettingsRow *AppearanceSettingsView::addSlider(QWidget *section, const SliderSpe
     line->addWidget(slider, 1);
     line->addWidget(value);
 
-    const Setting<double> &setting = *spec.setting;
-    const int units = spec.unitsPerValue;
+    const Setting<double> &setting = *definition.setting;
+    const int units = definition.unitsPerValue;
     connect(slider, &QSlider::valueChanged, this, [this, &setting, units](int position) {
         m_store.setValue(setting, double(position) / units);
     });
-    addRefresher(setting.name(), [this, &setting, slider, value, spec] {
+    addRefresher(setting.name(), [this, &setting, slider, value, definition] {
         const double stored = m_store.value(setting);
         const QSignalBlocker blocker(slider);
-        slider->setValue(int(std::lround(stored * spec.unitsPerValue)));
-        value->setText(formatValue(stored, spec.decimals, spec.suffix));
+        slider->setValue(int(std::lround(stored * definition.unitsPerValue)));
+        value->setText(formatValue(stored, definition.decimals, definition.suffix));
     });
-    return m_form->addRow(static_cast<QGroupBox *>(section), tr(spec.title), QString(), control);
+    return m_form->addRow(static_cast<QGroupBox *>(section), tr(definition.title), QString(),
+                          control);
 }
 
 void AppearanceSettingsView::buildBasicSection()
 {
     QGroupBox *section = m_form->addSection(tr("Basic"));
-    for (const SliderSpec &spec : basicSliders)
-        addSlider(section, spec);
+    for (const SliderSpec &definition : basicSliders)
+        addSlider(section, definition);
 
     m_animationMenu = new QComboBox;
     m_animationMenu->setObjectName(AppSettings::keyAnimationStyle.name());

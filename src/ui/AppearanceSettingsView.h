@@ -93,7 +93,7 @@ private:
     void buildColorsSection();
     void buildEffectsSection();
     void buildResetRow();
-    SettingsRow *addSlider(QWidget *section, const SliderSpec &spec);
+    SettingsRow *addSlider(QWidget *section, const SliderSpec &definition);
     SettingsRow *addColor(QWidget *section, ColorSetting which, const QString &title,
                           const QString &description);
     SettingsRow *addToggle(QWidget *section, const Setting<bool> &setting, const QString &title,
