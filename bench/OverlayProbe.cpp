@@ -5,7 +5,9 @@
 //   idle     - CPU time and wake-ups while no key shows
 //   typing   - CPU time, wake-ups and frames drawn while typing 15 keys per second
 // Usage: overlay_probe <vantrel pid> <seconds for idle and typing> [--all-keys]
-// Prints one "measure<TAB>result" line each. With --all-keys Vantrel runs with "showAllKeys"
+//        [--idle-seconds N]
+// Prints one "measure<TAB>result" line each; resident memory is also sampled every 10 s of
+// typing, so that a long run shows whether it stays flat. With --all-keys Vantrel runs with "showAllKeys"
 // on and letters are timed; otherwise F-keys, which the default settings show.
 #include <xcb/damage.h>
 #include <xcb/xcb.h>
@@ -235,12 +237,20 @@ std::string latencyText(const std::vector<double> &all, size_t presses)
 int main(int argc, char **argv)
 {
     if (argc < 3) {
-        std::fprintf(stderr, "usage: %s <vantrel pid> <seconds> [--all-keys]\n", argv[0]);
+        std::fprintf(stderr, "usage: %s <vantrel pid> <seconds> [--all-keys] [--idle-seconds N]\n",
+                     argv[0]);
         return 2;
     }
     const int pid = std::atoi(argv[1]);
     const int seconds = std::atoi(argv[2]);
-    const bool allKeys = argc > 3 && std::strcmp(argv[3], "--all-keys") == 0;
+    bool allKeys = false;
+    int idleSeconds = seconds;
+    for (int i = 3; i < argc; ++i) {
+        if (std::strcmp(argv[i], "--all-keys") == 0)
+            allKeys = true;
+        else if (std::strcmp(argv[i], "--idle-seconds") == 0 && i + 1 < argc)
+            idleSeconds = std::atoi(argv[++i]);
+    }
     xcb_connection_t *c = xcb_connect(nullptr, nullptr);
     if (xcb_connection_has_error(c)) {
         std::fprintf(stderr, "cannot open the X display\n");
@@ -298,7 +308,7 @@ int main(int argc, char **argv)
     drain(c, damageEvent, 2500); // let every cap expire
 
     const ProcessTimes idleStart = readProcess(pid);
-    std::this_thread::sleep_for(std::chrono::seconds(seconds));
+    std::this_thread::sleep_for(std::chrono::seconds(idleSeconds));
     const ProcessTimes idleEnd = readProcess(pid);
 
     const ProcessTimes typingStart = readProcess(pid);
@@ -308,7 +318,13 @@ int main(int argc, char **argv)
     const auto typingEnd = Clock::now() + std::chrono::seconds(seconds);
     damageCount = {};
     int shownKeys = 0;
+    std::vector<double> rssSamples; // MB, every 10 s of typing
+    auto nextSample = Clock::now() + std::chrono::seconds(10);
     for (int i = 0; Clock::now() < typingEnd; ++i) {
+        if (Clock::now() >= nextSample) {
+            rssSamples.push_back(double(readProcess(pid).rssKiB) / 1024.0);
+            nextSample += std::chrono::seconds(10);
+        }
         // Chords, F5 and Return show with any settings, plain letters only with all keys.
         if (allKeys || i % 4 != 1)
             ++shownKeys;
@@ -338,7 +354,7 @@ int main(int argc, char **argv)
     std::printf("first key after start, press to first drawing\t%.2f ms\n", first);
     std::printf("latency, row already showing\t%s\n", latencyText(showing, 200).c_str());
     std::printf("latency, empty overlay\t%s\n", latencyText(empty, 20).c_str());
-    std::printf("idle for %d s\t%.3f s CPU, %lld wake-ups\n", seconds,
+    std::printf("idle for %d s\t%.3f s CPU, %lld wake-ups\n", idleSeconds,
                 idleEnd.cpuSeconds - idleStart.cpuSeconds, wakeUps(idleStart, idleEnd));
     std::printf("typing 15 keys/s for %d s\t%.3f s CPU (%.3f s in the kernel), %lld wake-ups\n",
                 seconds, typingStop.cpuSeconds - typingStart.cpuSeconds,
@@ -349,6 +365,11 @@ int main(int argc, char **argv)
                 typed.frames, frameRate, shownKeys ? double(typed.frames) / shownKeys : 0.0,
                 typed.frames ? double(typed.events) / double(typed.frames) : 0.0);
     std::printf("resident memory after typing\t%.1f MB\n", double(typingStop.rssKiB) / 1024.0);
+    if (rssSamples.size() > 1)
+        std::printf("resident memory while typing, every 10 s\tfirst %.1f MB, highest %.1f MB, "
+                    "last %.1f MB\n",
+                    rssSamples.front(), *std::max_element(rssSamples.begin(), rssSamples.end()),
+                    rssSamples.back());
     xcb_disconnect(c);
     return 0;
 }

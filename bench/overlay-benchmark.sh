@@ -2,7 +2,10 @@
 # Measures Vantrel end to end on a virtual display, once with the default settings and once with
 # "showAllKeys": start-up time, key-press-to-drawing latency, CPU and wake-ups while idle and
 # while typing, frames drawn, resident memory. Prints a Markdown table, one column per setting.
+# Vantrel runs as on a desktop, with a tray host (trayer) for its icon.
 # Usage: bench/overlay-benchmark.sh [seconds per phase, default 30] [--compositor]
+# VANTREL_BENCH_IDLE_SECONDS sets the idle phase apart from the typing phase (for a long memory
+# run: VANTREL_BENCH_IDLE_SECONDS=5 bench/overlay-benchmark.sh 600).
 source "$(dirname "${BASH_SOURCE[0]}")/../scripts/common.sh"
 source "$VANTREL_ROOT/scripts/virtual-display.sh"
 
@@ -14,9 +17,11 @@ cmake -S "$VANTREL_ROOT" -B "$VANTREL_BUILD_DIR" -G Ninja \
 cmake --build "$VANTREL_BUILD_DIR" --target vantrel overlay_probe --parallel "$(nproc)" >/dev/null
 
 work="$(mktemp -d)"
-trap 'kill "${vantrel_pid:-}" 2>/dev/null; stop_virtual_display; rm -rf "$work"' EXIT
+trap 'kill "${vantrel_pid:-}" "${tray_pid:-}" 2>/dev/null; stop_virtual_display; rm -rf "$work"' EXIT
 start_virtual_display
 [ "${2:-}" = --compositor ] && start_compositor
+trayer >/dev/null 2>&1 &
+tray_pid=$!
 
 # measure <name> <settings line or empty> [probe option]: writes "$work/<name>".
 measure() {
@@ -36,13 +41,14 @@ measure() {
     sleep 0.5
     awk -v a="$start" -v b="$listening" \
         'BEGIN { printf "start to listening\t%.0f ms\n", (b - a) * 1000 }' >"$work/$1"
-    "$VANTREL_BUILD_DIR/bench/overlay_probe" "$vantrel_pid" "$seconds" ${3:-} >>"$work/$1"
+    "$VANTREL_BUILD_DIR/bench/overlay_probe" "$vantrel_pid" "$seconds" ${3:-} \
+        --idle-seconds "${VANTREL_BENCH_IDLE_SECONDS:-$seconds}" >>"$work/$1"
     kill "$vantrel_pid"
     wait "$vantrel_pid" 2>/dev/null || true
 }
 measure default ""
 measure all "showAllKeys=true" --all-keys
 
-echo "| measure (Xvfb, $(nproc) cores${COMPOSITOR_PID:+, xcompmgr}) | default settings | showAllKeys |"
+echo "| measure (Xvfb, $(nproc) cores, trayer${COMPOSITOR_PID:+, xcompmgr}) | default settings | showAllKeys |"
 echo "|---|---|---|"
 paste "$work/default" "$work/all" | awk -F'\t' '{ printf "| %s | %s | %s |\n", $1, $2, $4 }'
