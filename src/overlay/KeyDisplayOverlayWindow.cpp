@@ -94,21 +94,31 @@ void KeyDisplayOverlayWindow::fitToDrawingArea()
 
 void KeyDisplayOverlayWindow::warmUp()
 {
-    const KeyPress sample{QUuid(), QStringLiteral("W"), 0, KeyCategory(KeyCategory::Kind::letter),
-                          0.0};
-    const KeyView view(sample, m_settings.value(AppSettings::keySize), m_settings);
+    // A one-character cap and a function key's wider one: the shadows and glows of the caps
+    // shown most often are then cached before the first key.
     QImage scratch(1, 1, QImage::Format_ARGB32_Premultiplied);
     scratch.setDevicePixelRatio(devicePixelRatioF());
     QPainter painter(&scratch);
-    view.paint(painter, QPointF(0.0, 0.0), 0.0,
-               m_compositing ? std::clamp(m_settings.value(AppSettings::keyOpacity), 0.0, 1.0)
-                             : 1.0);
+    const double opacity =
+        m_compositing ? std::clamp(m_settings.value(AppSettings::keyOpacity), 0.0, 1.0) : 1.0;
+    for (const KeyPress &sample :
+         {KeyPress{QUuid(), QStringLiteral("W"), 0, KeyCategory(KeyCategory::Kind::letter), 0.0},
+          KeyPress{QUuid(), QStringLiteral("F5"), 96, KeyCategory(KeyCategory::Kind::function),
+                   0.0}}) {
+        const KeyView view(sample, m_settings.value(AppSettings::keySize), m_settings);
+        view.paint(painter, QPointF(0.0, 0.0), 0.0, opacity);
+    }
 }
 
 void KeyDisplayOverlayWindow::orderFront()
 {
+    const bool wasVisible = isVisible();
     show();
     raise();
+    // The window's image and its shared memory with the X server are made on its first paint:
+    // paint the empty window now rather than on the first key.
+    if (!wasVisible)
+        repaint();
 }
 
 void KeyDisplayOverlayWindow::close()
