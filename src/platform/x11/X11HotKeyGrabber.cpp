@@ -19,6 +19,8 @@
 
 namespace {
 
+// How long a burst of keymap changes may take before the keys are grabbed again.
+constexpr int keymapSettleMs = 50;
 constexpr quint16 lockMasks[] = {XCB_MOD_MASK_LOCK, XCB_MOD_MASK_2, XCB_MOD_MASK_5};
 constexpr quint16 combinationMasks =
     XCB_MOD_MASK_SHIFT | XCB_MOD_MASK_CONTROL | XCB_MOD_MASK_1 | XCB_MOD_MASK_4;
@@ -105,6 +107,14 @@ X11HotKeyGrabber::X11HotKeyGrabber(xcb_connection_t *connection, xkb_context *co
     m_notifier = std::make_unique<QSocketNotifier>(xcb_get_file_descriptor(m_connection),
                                                    QSocketNotifier::Read);
     connect(m_notifier.get(), &QSocketNotifier::activated, this, &X11HotKeyGrabber::processEvents);
+    // Reading the keymap takes several round trips: not before the keys typed meanwhile have
+    // been shown.
+    m_regrab.setSingleShot(true);
+    m_regrab.setInterval(keymapSettleMs);
+    connect(&m_regrab, &QTimer::timeout, this, [this] {
+        if (loadKeymap())
+            regrabAll();
+    });
 }
 
 X11HotKeyGrabber::~X11HotKeyGrabber()
@@ -299,6 +309,6 @@ void X11HotKeyGrabber::processEvents()
         m_notifier->setEnabled(false); // the server is gone
         return;
     }
-    if (keymapChanged && loadKeymap())
-        regrabAll();
+    if (keymapChanged)
+        m_regrab.start();
 }

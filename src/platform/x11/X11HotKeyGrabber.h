@@ -5,6 +5,7 @@
 #include <QByteArray>
 #include <QHash>
 #include <QList>
+#include <QTimer>
 
 #include <memory>
 
@@ -63,4 +64,6 @@ private:
     // The names whose combination is down, by the keycode whose release ends it.
     QHash<quint8, QString> m_down;
     std::unique_ptr<QSocketNotifier> m_notifier;
+    // Keymap changes come in bursts; the keys are grabbed again once they settle.
+    QTimer m_regrab;
 };

@@ -18,6 +18,11 @@
 
 #include <cstdlib>
 
+namespace {
+// How long a burst of keymap changes may take before the keymap is read again.
+constexpr int keymapSettleMs = 50;
+} // namespace
+
 std::unique_ptr<X11KeyboardLayoutMonitor>
 X11KeyboardLayoutMonitor::create(const QByteArray &displayName)
 {
@@ -41,6 +46,12 @@ X11KeyboardLayoutMonitor::X11KeyboardLayoutMonitor(xcb_connection_t *connection,
                                                    QSocketNotifier::Read);
     connect(m_notifier.get(), &QSocketNotifier::activated, this,
             &X11KeyboardLayoutMonitor::processEvents);
+    m_reload.setSingleShot(true);
+    m_reload.setInterval(keymapSettleMs);
+    connect(&m_reload, &QTimer::timeout, this, [this] {
+        if (loadKeymap())
+            emit layoutChanged();
+    });
     // Events read during the set-up round trips wait in xcb's queue, where the notifier cannot
     // see them.
     QTimer::singleShot(0, this, &X11KeyboardLayoutMonitor::processEvents);
@@ -103,7 +114,10 @@ void X11KeyboardLayoutMonitor::processEvents()
             switch (head->xkbType) {
             case XCB_XKB_NEW_KEYBOARD_NOTIFY:
             case XCB_XKB_MAP_NOTIFY:
-                changed = loadKeymap() || changed;
+                // Reading the keymap takes several round trips to the server: not before the
+                // keys typed meanwhile have been shown (the first key from another keyboard
+                // brings such a change; the capture names it with its own copy).
+                m_reload.start();
                 break;
             case XCB_XKB_STATE_NOTIFY: {
                 const auto *state = reinterpret_cast<const xcb_xkb_state_notify_event_t *>(event);

@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 #include <QObject>
+#include <QTimer>
 
 #include <memory>
 
@@ -42,4 +43,6 @@ private:
     quint8 m_firstXkbEvent;
     std::shared_ptr<XkbKeyboardLayoutSource> m_source;
     std::unique_ptr<QSocketNotifier> m_notifier;
+    // Keymap changes come in bursts; the keymap is read again once they settle.
+    QTimer m_reload;
 };
