@@ -22,6 +22,10 @@ start_virtual_display
 [ "${2:-}" = --compositor ] && start_compositor
 trayer >/dev/null 2>&1 &
 tray_pid=$!
+# The keys come from the server's XTest keyboard. Its first key makes the server switch the core
+# keyboard to it, which every X client then reacts to (Qt reloads its devices and keymap); a
+# real keyboard typing before Vantrel starts has done that already, so do it here too.
+xdotool key shift
 
 # measure <name> <settings line or empty> [probe option]: writes "$work/<name>".
 measure() {
