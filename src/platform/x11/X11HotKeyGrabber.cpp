@@ -114,6 +114,8 @@ X11HotKeyGrabber::X11HotKeyGrabber(xcb_connection_t *connection, xkb_context *co
     connect(&m_regrab, &QTimer::timeout, this, [this] {
         if (loadKeymap())
             regrabAll();
+        // Events read during its round trips wait in xcb's queue.
+        processEvents();
     });
 }
 

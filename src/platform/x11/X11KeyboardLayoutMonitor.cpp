@@ -51,6 +51,8 @@ X11KeyboardLayoutMonitor::X11KeyboardLayoutMonitor(xcb_connection_t *connection,
     connect(&m_reload, &QTimer::timeout, this, [this] {
         if (loadKeymap())
             emit layoutChanged();
+        // Events read during its round trips wait in xcb's queue.
+        processEvents();
     });
     // Events read during the set-up round trips wait in xcb's queue, where the notifier cannot
     // see them.
