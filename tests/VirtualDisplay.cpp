@@ -1,5 +1,6 @@
 #include "VirtualDisplay.h"
 
+#include <QDir>
 #include <QThread>
 
 #include <xcb/xcb.h>
@@ -43,6 +44,13 @@ bool VirtualDisplay::start(QString *error)
 
 void VirtualDisplay::stop()
 {
+    for (auto *helper : {&m_bus, &m_windowManager}) {
+        if (*helper) {
+            (*helper)->terminate();
+            (*helper)->waitForFinished(3000);
+            helper->reset();
+        }
+    }
     stopCompositor();
     if (m_server) {
         m_server->terminate();
@@ -135,4 +143,31 @@ QImage VirtualDisplay::grab() const
     }
     xcb_disconnect(connection);
     return image;
+}
+
+QImage VirtualDisplay::grab(const QString &name) const
+{
+    const QImage screen = grab();
+    if (const QString dir = qEnvironmentVariable("VANTREL_E2E_SCREENSHOTS"); !dir.isEmpty())
+        screen.save(QDir(dir).filePath(name + u".png"));
+    return screen;
+}
+
+bool VirtualDisplay::startWindowManager()
+{
+    m_windowManager = std::make_unique<QProcess>();
+    m_windowManager->setProcessEnvironment(environment());
+    m_windowManager->start(QStringLiteral("openbox"), {QStringLiteral("--sm-disable")});
+    return m_windowManager->waitForStarted(5000);
+}
+
+QString VirtualDisplay::startSessionBus()
+{
+    m_bus = std::make_unique<QProcess>();
+    m_bus->start(QStringLiteral("dbus-daemon"),
+                 {QStringLiteral("--session"), QStringLiteral("--nofork"),
+                  QStringLiteral("--print-address=1")});
+    if (!m_bus->waitForReadyRead(5000))
+        return {};
+    return QString::fromLatin1(m_bus->readLine().trimmed());
 }

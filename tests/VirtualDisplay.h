@@ -42,9 +42,20 @@ public:
 
     // The whole screen as the X server holds it.
     QImage grab() const;
+    // The same, also saved as <name>.png in $VANTREL_E2E_SCREENSHOTS when that is set, for
+    // people who want to see what a test saw.
+    QImage grab(const QString &name) const;
+
+    // A window manager (openbox) on this server, so that windows take the keyboard. It stops
+    // with the server.
+    bool startWindowManager();
+    // A private session bus; its address, empty when it cannot start. It stops with the server.
+    QString startSessionBus();
 
 private:
     QString m_displayName;
     std::unique_ptr<QProcess> m_server;
     std::unique_ptr<QProcess> m_compositor;
+    std::unique_ptr<QProcess> m_windowManager;
+    std::unique_ptr<QProcess> m_bus;
 };

@@ -4,7 +4,6 @@
 #include "settings/AppSettings.h"
 #include "settings/SettingsStore.h"
 
-#include <QDir>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -67,8 +66,6 @@ class tst_e2e_Appearance final : public QObject {
 
     std::unique_ptr<VirtualDisplay> m_display;
     QTemporaryDir m_config;
-    QProcess m_bus;
-    QProcess m_windowManager;
     std::unique_ptr<QProcess> m_vantrel;
     QProcessEnvironment m_env;
 
@@ -81,14 +78,7 @@ class tst_e2e_Appearance final : public QObject {
         return m_display->xdotool(arguments.split(u' '));
     }
 
-    QImage grab(const QString &name) const
-    {
-        const QImage screen = m_display->grab();
-        // For people who want to see what the test saw.
-        if (const QString dir = qEnvironmentVariable("VANTREL_E2E_SCREENSHOTS"); !dir.isEmpty())
-            screen.save(QDir(dir).filePath(name + u".png"));
-        return screen;
-    }
+    QImage grab(const QString &name) const { return m_display->grab(name); }
 
     SettingsStore settings() const
     {
@@ -158,28 +148,19 @@ private slots:
                        {QStringLiteral("-solid"), QStringLiteral("#204060")});
         QVERIFY(m_display->startCompositor());
         // A window manager, so that the settings window and its sheet take the keyboard.
-        m_windowManager.setProcessEnvironment(m_display->environment());
-        m_windowManager.start(QStringLiteral("openbox"), {QStringLiteral("--sm-disable")});
-        QVERIFY(m_windowManager.waitForStarted(5000));
+        QVERIFY(m_display->startWindowManager());
         // Vantrel is reached over a session bus of the test's own.
-        m_bus.start(QStringLiteral("dbus-daemon"),
-                    {QStringLiteral("--session"), QStringLiteral("--nofork"),
-                     QStringLiteral("--print-address=1")});
-        QVERIFY(m_bus.waitForReadyRead(5000));
+        const QString bus = m_display->startSessionBus();
+        QVERIFY(!bus.isEmpty());
         m_env = m_display->environment();
         m_env.insert(QStringLiteral("XDG_CONFIG_HOME"), m_config.path());
-        m_env.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"),
-                     QString::fromLatin1(m_bus.readLine().trimmed()));
+        m_env.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), bus);
         QTest::qWait(500);
     }
 
     void cleanup()
     {
         stopVantrel();
-        m_bus.terminate();
-        m_bus.waitForFinished(3000);
-        m_windowManager.terminate();
-        m_windowManager.waitForFinished(3000);
         m_display.reset();
         QFile::remove(m_config.filePath(QStringLiteral("Vantrel/Vantrel.conf")));
     }

@@ -4,7 +4,6 @@
 #include "settings/AppSettings.h"
 #include "settings/SettingsStore.h"
 
-#include <QDir>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -44,7 +43,6 @@ class tst_e2e_PositionCustomizer final : public QObject {
 
     std::unique_ptr<VirtualDisplay> m_display;
     QTemporaryDir m_config;
-    QProcess m_bus;
     std::unique_ptr<QProcess> m_vantrel;
     xcb_connection_t *m_desktop = nullptr;
     QProcessEnvironment m_env;
@@ -54,14 +52,7 @@ class tst_e2e_PositionCustomizer final : public QObject {
         return m_display->xdotool(arguments.split(u' '));
     }
 
-    QImage grab(const QString &name) const
-    {
-        const QImage screen = m_display->grab();
-        // For people who want to see what the test saw.
-        if (const QString dir = qEnvironmentVariable("VANTREL_E2E_SCREENSHOTS"); !dir.isEmpty())
-            screen.save(QDir(dir).filePath(name + u".png"));
-        return screen;
-    }
+    QImage grab(const QString &name) const { return m_display->grab(name); }
 
     // A plain window over both monitors stands for the desktop: unlike the root window it
     // shows the same colour with and without a compositing manager.
@@ -86,14 +77,11 @@ private slots:
         QString error;
         QVERIFY2(m_display->start(&error), qPrintable(error));
         // Vantrel is reached over a session bus of the test's own.
-        m_bus.start(QStringLiteral("dbus-daemon"),
-                    {QStringLiteral("--session"), QStringLiteral("--nofork"),
-                     QStringLiteral("--print-address=1")});
-        QVERIFY(m_bus.waitForReadyRead(5000));
+        const QString bus = m_display->startSessionBus();
+        QVERIFY(!bus.isEmpty());
         m_env = m_display->environment();
         m_env.insert(QStringLiteral("XDG_CONFIG_HOME"), m_config.path());
-        m_env.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"),
-                     QString::fromLatin1(m_bus.readLine().trimmed()));
+        m_env.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), bus);
     }
 
     void cleanup()
@@ -106,8 +94,6 @@ private slots:
             m_vantrel.reset();
         }
         xcb_disconnect(m_desktop);
-        m_bus.terminate();
-        m_bus.waitForFinished(3000);
         m_display.reset();
         QFile::remove(m_config.filePath(QStringLiteral("Vantrel/Vantrel.conf")));
     }

@@ -31,7 +31,6 @@ class tst_e2e_Tray final : public QObject {
 
     std::unique_ptr<VirtualDisplay> m_display;
     std::unique_ptr<QTemporaryDir> m_config;
-    std::unique_ptr<QProcess> m_bus;
     std::unique_ptr<QProcess> m_trayHost;
     std::unique_ptr<QProcess> m_vantrel;
     QString m_busAddress;
@@ -133,12 +132,8 @@ private slots:
                        {QStringLiteral("-solid"), QStringLiteral("#204060")});
         m_config = std::make_unique<QTemporaryDir>();
 
-        m_bus = std::make_unique<QProcess>();
-        m_bus->start(QStringLiteral("dbus-daemon"),
-                     {QStringLiteral("--session"), QStringLiteral("--nofork"),
-                      QStringLiteral("--print-address")});
-        QVERIFY(m_bus->waitForReadyRead(5000));
-        m_busAddress = QString::fromUtf8(m_bus->readLine().trimmed());
+        m_busAddress = m_display->startSessionBus();
+        QVERIFY(!m_busAddress.isEmpty());
 
         m_trayHost = std::make_unique<QProcess>();
         m_trayHost->setProcessEnvironment(m_display->environment());
@@ -159,10 +154,8 @@ private slots:
             m_vantrel->waitForFinished(5000);
         }
         m_vantrel.reset();
-        for (QProcess *process : {m_trayHost.get(), m_bus.get()}) {
-            process->terminate();
-            process->waitForFinished(5000);
-        }
+        m_trayHost->terminate();
+        m_trayHost->waitForFinished(5000);
         m_display.reset();
     }
 
