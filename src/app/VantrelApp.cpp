@@ -10,6 +10,7 @@
 #include "capture/KeyManager.h"
 #include "capture/KeyboardLayoutTranslator.h"
 #include "overlay/KeyDisplayOverlayWindowFactory.h"
+#include "overlay/KeyRowRenderer.h"
 #include "platform/Platform.h"
 #include "settings/AppSettings.h"
 #include "settings/CustomKeyStylePresetStore.h"
@@ -160,6 +161,8 @@ VantrelApp::VantrelApp(SettingsStore &settings, bool remoteControl, QObject *par
         settings, Platform::createCaptureBackend(m_layoutSource),
         KeyboardLayoutTranslator::shared(), &displayStore, m_windowFactory.get());
     m_windowFactory->setKeyManager(m_keyManager.get());
+    m_windowFactory->setRendererFactory(
+        [](WId window) { return Platform::createKeyRowRenderer(window); });
 
     connect(m_keyManager.get(), &KeyManager::isListeningChanged, this,
             &VantrelApp::reportListening);

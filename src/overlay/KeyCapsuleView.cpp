@@ -159,33 +159,8 @@ void KeyCapsuleView::paint(QPainter &painter, const QRectF &frame, KeyEffectCach
         return;
     }
     const qreal dpr = painter.device() ? painter.device()->devicePixelRatio() : 1.0;
-    QByteArray key = "c" + QByteArray::number(m_cacheKey.size()) + ':' + m_cacheKey;
-    appendLook(key, m_style);
-    for (const double value : {frame.width(), frame.height(), dpr, opacity})
-        appendNumber(key, value);
-
-    const KeyEffectCache::Effect *cap = effects.find(key);
-    if (!cap) {
-        // The frame starts on a whole device pixel of the image, so a copy placed on whole
-        // pixels looks exactly like a cap drawn directly there.
-        const QMarginsF margins = visualMargins();
-        const double left = std::ceil(margins.left() * dpr) / dpr;
-        const double top = std::ceil(margins.top() * dpr) / dpr;
-        const QSize pixels(
-            static_cast<int>(std::ceil((left + frame.width() + margins.right()) * dpr)),
-            static_cast<int>(std::ceil((top + frame.height() + margins.bottom()) * dpr)));
-        QImage image(pixels, QImage::Format_ARGB32_Premultiplied);
-        image.fill(Qt::transparent);
-        image.setDevicePixelRatio(dpr);
-        {
-            QPainter imagePainter(&image);
-            imagePainter.setOpacity(opacity);
-            paintLayers(imagePainter, QRectF(QPointF(left, top), frame.size()), effects);
-        }
-        cap = effects.insert(key, std::move(image), QPointF(-left, -top));
-    }
-
-    QPointF position = frame.topLeft() + cap->offset;
+    const KeyEffectCache::Effect cap = image(frame.size(), dpr, &effects, opacity);
+    QPointF position = frame.topLeft() + cap.offset;
     const QTransform &transform = painter.worldTransform();
     if (transform.type() <= QTransform::TxTranslate) {
         // On whole device pixels the copy is a plain blend, without resampling.
@@ -194,13 +169,47 @@ void KeyCapsuleView::paint(QPainter &painter, const QRectF &frame, KeyEffectCach
         position += snapped - device / dpr;
     }
     if (transform.type() == QTransform::TxScale && transform.m11() > 0.0 && transform.m22() > 0.0) {
-        drawScaled(painter, position, cap->image, dpr);
+        drawScaled(painter, position, cap.image, dpr);
         return;
     }
     painter.save();
     painter.setRenderHint(QPainter::SmoothPixmapTransform, false);
-    painter.drawImage(position, cap->image);
+    painter.drawImage(position, cap.image);
     painter.restore();
+}
+
+KeyEffectCache::Effect KeyCapsuleView::image(const QSizeF &frameSize, qreal dpr,
+                                             KeyEffectCache *cache, double opacity) const
+{
+    KeyEffectCache &effects = cache ? *cache : KeyEffectCache::shared();
+    QByteArray key;
+    if (!m_cacheKey.isEmpty()) {
+        key = "c" + QByteArray::number(m_cacheKey.size()) + ':' + m_cacheKey;
+        appendLook(key, m_style);
+        for (const double value : {frameSize.width(), frameSize.height(), dpr, opacity})
+            appendNumber(key, value);
+        if (const KeyEffectCache::Effect *cap = effects.find(key))
+            return *cap;
+    }
+    // The frame starts on a whole device pixel of the image, so a copy placed on whole pixels
+    // looks exactly like a cap drawn directly there.
+    const QMarginsF margins = visualMargins();
+    const double left = std::ceil(margins.left() * dpr) / dpr;
+    const double top = std::ceil(margins.top() * dpr) / dpr;
+    const QSize pixels(
+        static_cast<int>(std::ceil((left + frameSize.width() + margins.right()) * dpr)),
+        static_cast<int>(std::ceil((top + frameSize.height() + margins.bottom()) * dpr)));
+    QImage image(pixels, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    image.setDevicePixelRatio(dpr);
+    {
+        QPainter imagePainter(&image);
+        imagePainter.setOpacity(opacity);
+        paintLayers(imagePainter, QRectF(QPointF(left, top), frameSize), effects);
+    }
+    if (key.isEmpty())
+        return {image, QPointF(-left, -top)};
+    return *effects.insert(key, std::move(image), QPointF(-left, -top));
 }
 
 void KeyCapsuleView::drawScaled(QPainter &painter, const QPointF &position, const QImage &image,

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "overlay/KeyAppearanceSnapshot.h"
+#include "overlay/KeyEffectCache.h"
 
 #include <QByteArray>
 #include <QFont>
@@ -11,7 +12,6 @@
 
 #include <functional>
 
-class KeyEffectCache;
 class QPainter;
 
 // One key cap: content (the label, or the mouse glyph) centred in a filled, bordered rounded
@@ -59,6 +59,12 @@ public:
     // copy rather than a blend at partial opacity.
     void paint(QPainter &painter, const QRectF &frame, KeyEffectCache *cache = nullptr,
                double opacity = 1.0) const;
+
+    // The cap of the given frame size drawn into an image of its own, for a renderer that copies
+    // it: the frame's top-left corner lies at minus `offset` in the image. Cached like paint()'s
+    // copies; without a cache key it is drawn afresh.
+    KeyEffectCache::Effect image(const QSizeF &frameSize, qreal dpr,
+                                 KeyEffectCache *cache = nullptr, double opacity = 1.0) const;
 
 private:
     // Draws `image` under the painter's scaling, on whole device pixels, without smoothing.

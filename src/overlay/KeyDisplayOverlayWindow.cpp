@@ -3,6 +3,7 @@
 #include "capture/CompositorWatcher.h"
 #include "capture/KeyManager.h"
 #include "overlay/KeyDisplayView.h"
+#include "overlay/KeyRowRenderer.h"
 #include "overlay/KeyView.h"
 #include "settings/DisplaySettingsStore.h"
 #include "settings/SettingsStore.h"
@@ -24,7 +25,8 @@ const QRegion hiddenShape(-1, -1, 1, 1);
 KeyDisplayOverlayWindow::KeyDisplayOverlayWindow(quint32 displayID, KeyManager &keyManager,
                                                  DisplaySettingsStore &displayStore,
                                                  SettingsStore &settings,
-                                                 CompositorWatcher *compositor)
+                                                 CompositorWatcher *compositor,
+                                                 const RendererFactory &makeRenderer)
     : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint |
                            Qt::WindowTransparentForInput | Qt::WindowDoesNotAcceptFocus | Qt::Tool |
                            Qt::X11BypassWindowManagerHint),
@@ -43,7 +45,7 @@ KeyDisplayOverlayWindow::KeyDisplayOverlayWindow(quint32 displayID, KeyManager &
     connect(&keyManager, &KeyManager::currentKeysChanged, this, [this, &keyManager] {
         // Windows opened since (a full-screen player, say) may have covered the overlay: it
         // comes back on top whenever keys start to show.
-        if (m_view->contentRegion().isEmpty() && isVisible())
+        if (!m_view->isShowingKeys() && isVisible())
             raise();
         m_view->setKeys(keyManager.currentKeys());
     });
@@ -62,6 +64,14 @@ KeyDisplayOverlayWindow::KeyDisplayOverlayWindow(quint32 displayID, KeyManager &
                 &KeyDisplayOverlayWindow::setCompositing);
     m_compositing = compositor && compositor->isCompositing();
     m_view->setOpaque(!m_compositing);
+    if (makeRenderer)
+        m_renderer = makeRenderer(winId());
+    if (m_renderer) {
+        m_view->setFramesDrawnByRenderer(true);
+        connect(m_view.get(), &KeyDisplayView::sceneChanged, this,
+                &KeyDisplayOverlayWindow::publishScene);
+        return;
+    }
     if (!m_compositing)
         setMask(hiddenShape);
 }
@@ -75,7 +85,19 @@ void KeyDisplayOverlayWindow::setFrame(const QRect &frame)
         m_view->setRefreshRate(display->refreshRate());
     m_view->setSize(frame.size());
     fitToDrawingArea();
-    update();
+    if (m_renderer)
+        publishScene();
+    else
+        update();
+}
+
+void KeyDisplayOverlayWindow::publishScene()
+{
+    std::shared_ptr<KeyRowScene> scene = m_view->scene();
+    scene->origin = m_area.topLeft();
+    scene->windowSize = m_area.size();
+    scene->devicePixelRatio = devicePixelRatioF();
+    m_renderer->setScene(std::move(scene));
 }
 
 void KeyDisplayOverlayWindow::fitToDrawingArea()
@@ -87,6 +109,8 @@ void KeyDisplayOverlayWindow::fitToDrawingArea()
         return;
     m_area = area;
     setGeometry(area.translated(m_frame.topLeft()));
+    if (m_renderer)
+        return; // the scene that follows the change brings the new area
     if (!m_compositing)
         renderShapedFrame();
     update();
@@ -96,18 +120,24 @@ void KeyDisplayOverlayWindow::warmUp()
 {
     // A one-character cap and a function key's wider one: the shadows and glows of the caps
     // shown most often are then cached before the first key.
-    QImage scratch(1, 1, QImage::Format_ARGB32_Premultiplied);
-    scratch.setDevicePixelRatio(devicePixelRatioF());
-    QPainter painter(&scratch);
     const double opacity =
         m_compositing ? std::clamp(m_settings.value(AppSettings::keyOpacity), 0.0, 1.0) : 1.0;
+    std::vector<std::shared_ptr<const KeyView>> samples;
     for (const KeyPress &sample :
          {KeyPress{QUuid(), QStringLiteral("W"), 0, KeyCategory(KeyCategory::Kind::letter), 0.0},
           KeyPress{QUuid(), QStringLiteral("F5"), 96, KeyCategory(KeyCategory::Kind::function),
-                   0.0}}) {
-        const KeyView view(sample, m_settings.value(AppSettings::keySize), m_settings);
-        view.paint(painter, QPointF(0.0, 0.0), 0.0, opacity);
+                   0.0}})
+        samples.push_back(std::make_shared<const KeyView>(
+            sample, m_settings.value(AppSettings::keySize), m_settings));
+    if (m_renderer) {
+        m_renderer->warmUp(samples, opacity, devicePixelRatioF());
+        return;
     }
+    QImage scratch(1, 1, QImage::Format_ARGB32_Premultiplied);
+    scratch.setDevicePixelRatio(devicePixelRatioF());
+    QPainter painter(&scratch);
+    for (const auto &view : samples)
+        view->paint(painter, QPointF(0.0, 0.0), 0.0, opacity);
 }
 
 void KeyDisplayOverlayWindow::orderFront()
@@ -117,7 +147,7 @@ void KeyDisplayOverlayWindow::orderFront()
     raise();
     // The window's image and its shared memory with the X server are made on its first paint:
     // paint the empty window now rather than on the first key.
-    if (!wasVisible)
+    if (!wasVisible && !m_renderer)
         repaint();
 }
 
@@ -132,6 +162,8 @@ void KeyDisplayOverlayWindow::setCompositing(bool compositing)
         return;
     m_compositing = compositing;
     m_view->setOpaque(!compositing);
+    if (m_renderer)
+        return;
     m_shapedFrame = QImage();
     m_shapedRect = QRect();
     m_shape = QRegion();
@@ -147,6 +179,8 @@ void KeyDisplayOverlayWindow::onUpdateRequested(const QRegion &region)
     // Painted at once rather than on a later pass of the event loop: a key shows as soon as
     // it is pressed.
     // One rectangle: under a clip of several, Qt blends every image the slow, generic way.
+    if (m_renderer)
+        return;
     if (m_compositing) {
         repaint(region.boundingRect().translated(-m_area.topLeft()));
         return;

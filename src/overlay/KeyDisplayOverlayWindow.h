@@ -6,9 +6,11 @@
 #include <QRegion>
 #include <QWidget>
 
+#include <functional>
 #include <memory>
 
 class CompositorWatcher;
+class KeyRowRenderer;
 class DisplaySettingsStore;
 class KeyDisplayView;
 class KeyManager;
@@ -21,6 +23,9 @@ class SettingsStore;
 // translucent window's transparent pixels as black, so the window's shape is cut to the caps
 // (following them as they come, go and move) and the caps are drawn opaque.
 //
+// Where the platform offers a renderer, it draws the row on a thread of its own and the window
+// never paints; otherwise the window paints the row itself, frame by frame.
+//
 // The row is laid out over the display's available area, but the window covers only the band
 // where the row can be drawn: the server and a compositor touch, and the window's image holds,
 // a fraction of the display's pixels.
@@ -28,9 +33,14 @@ class KeyDisplayOverlayWindow final : public QWidget, public KeyDisplayWindow {
     Q_OBJECT
 
 public:
+    // Makes the renderer that draws into a window through the display server, or nothing (the
+    // window then paints itself with QPainter).
+    using RendererFactory = std::function<std::unique_ptr<KeyRowRenderer>(WId window)>;
+
     KeyDisplayOverlayWindow(quint32 displayID, KeyManager &keyManager,
                             DisplaySettingsStore &displayStore, SettingsStore &settings,
-                            CompositorWatcher *compositor);
+                            CompositorWatcher *compositor,
+                            const RendererFactory &makeRenderer = {});
     ~KeyDisplayOverlayWindow() override;
 
     quint32 displayID() const { return m_displayID; }
@@ -49,6 +59,8 @@ private:
     // Renders a sample cap once, so the first key shown finds its shadow and glyphs ready.
     void warmUp();
     void onUpdateRequested(const QRegion &region);
+    // Hands the row as it is now to the renderer.
+    void publishScene();
     // Without a compositor: renders the row opaque into m_shapedFrame and cuts the shape to it.
     void renderShapedFrame();
     // Shows nothing of the window (without a compositor).
@@ -59,6 +71,7 @@ private:
     QRect m_frame; // the display's available area
     QRect m_area;  // the window's part of it, in the view's coordinates
     std::unique_ptr<KeyDisplayView> m_view;
+    std::unique_ptr<KeyRowRenderer> m_renderer;
     bool m_compositing = false;
     QImage m_shapedFrame; // covers m_shapedRect, in window coordinates
     QRect m_shapedRect;

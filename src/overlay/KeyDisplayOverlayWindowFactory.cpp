@@ -13,7 +13,7 @@ KeyDisplayOverlayWindowFactory::createWindow(quint32 displayID, const QRect &scr
 {
     Q_ASSERT(m_keyManager);
     auto window = std::make_unique<KeyDisplayOverlayWindow>(
-        displayID, *m_keyManager, m_displayStore, m_settings, m_compositor);
+        displayID, *m_keyManager, m_displayStore, m_settings, m_compositor, m_makeRenderer);
     window->setGeometry(screenFrame);
     return window;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "capture/KeyDisplayWindow.h"
+#include "overlay/KeyDisplayOverlayWindow.h"
 
 class CompositorWatcher;
 class DisplaySettingsStore;
@@ -15,6 +16,11 @@ public:
 
     // The manager whose keys the windows show; set before the first window is made.
     void setKeyManager(KeyManager *keyManager) { m_keyManager = keyManager; }
+    // Where the platform draws overlays itself; without one the windows paint with QPainter.
+    void setRendererFactory(KeyDisplayOverlayWindow::RendererFactory factory)
+    {
+        m_makeRenderer = std::move(factory);
+    }
 
     std::unique_ptr<KeyDisplayWindow> createWindow(quint32 displayID,
                                                    const QRect &screenFrame) override;
@@ -24,4 +30,5 @@ private:
     DisplaySettingsStore &m_displayStore;
     SettingsStore &m_settings;
     CompositorWatcher *m_compositor;
+    KeyDisplayOverlayWindow::RendererFactory m_makeRenderer;
 };

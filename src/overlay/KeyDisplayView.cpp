@@ -30,11 +30,6 @@ constexpr double highestFrameRate = 60.0;
 constexpr double drawingAreaGrowth = 1.25;
 constexpr double drawingAreaSlack = 8.0;
 
-QPointF lerp(const QPointF &from, const QPointF &to, double t)
-{
-    return from + (to - from) * t;
-}
-
 // The settings whose change alters how the row looks or where its keys sit.
 const QSet<QString> &observedKeys()
 {
@@ -49,34 +44,14 @@ const QSet<QString> &observedKeys()
 } // namespace
 
 struct KeyDisplayView::Item {
-    enum class Phase { inserting, shown, removing };
-
     std::unique_ptr<KeyView> view;
-    Phase phase = Phase::shown;
-    double phaseStart = 0.0;
-    KeyAnimationStyle transition = KeyAnimationStyle::none;
-    AnimationTiming transitionTiming = AnimationTiming::easeInOut(0.0);
-    // How far a sliding key travels from the leading edge, or towards the trailing edge.
-    double slideDistance = 0.0;
-
-    // The centre moves from `from` to `to`; a new key is placed without moving.
-    bool placed = false;
-    QPointF from;
-    QPointF to;
-    double moveStart = 0.0;
-    AnimationTiming moveTiming = AnimationTiming::easeInOut(0.0);
+    KeyMotion motion;
 
     // What the latest frame drew, to repaint only caps that changed.
     QRect drawnRect;
     double drawnOpacity = -1.0;
     double drawnScale = -1.0;
     QSizeF drawnSize;
-};
-
-struct KeyDisplayView::Look {
-    double opacity = 1.0;
-    double scale = 1.0;
-    QPointF offset;
 };
 
 KeyDisplayView::KeyDisplayView(SettingsStore &settings, QObject *parent)
@@ -130,31 +105,31 @@ void KeyDisplayView::setKeys(const QList<KeyPress> &keys)
 
     QList<KeyPress> before;
     for (const auto &item : m_items)
-        if (item->phase != Item::Phase::removing)
+        if (item->motion.phase != KeyMotion::Phase::removing)
             before.append(item->view->keyPress());
 
     std::vector<std::unique_ptr<Item>> removing;
     std::vector<std::unique_ptr<Item>> kept;
     for (auto &item : m_items) {
-        const bool stays =
-            item->phase != Item::Phase::removing && wanted.contains(item->view->keyPress().id);
+        const bool stays = item->motion.phase != KeyMotion::Phase::removing &&
+                           wanted.contains(item->view->keyPress().id);
         if (stays) {
             kept.push_back(std::move(item));
             continue;
         }
-        if (item->phase != Item::Phase::removing) {
+        if (item->motion.phase != KeyMotion::Phase::removing) {
             if (style == KeyAnimationStyle::none) {
                 m_lostRegion += item->drawnRect;
                 continue; // gone at once
             }
-            const QPointF center = centerOf(*item);
-            item->from = item->to = center;
-            item->phase = Item::Phase::removing;
-            item->phaseStart = time;
-            item->transition = style;
-            item->transitionTiming = timing;
+            const QPointF center = item->motion.center(m_frameTime);
+            item->motion.from = item->motion.to = center;
+            item->motion.phase = KeyMotion::Phase::removing;
+            item->motion.phaseStart = time;
+            item->motion.transition = style;
+            item->motion.transitionTiming = timing;
             const double left = center.x() - item->view->size().width() / 2.0;
-            item->slideDistance = std::max(0.0, box.right() - left);
+            item->motion.slideDistance = std::max(0.0, box.right() - left);
         }
         removing.push_back(std::move(item));
     }
@@ -167,18 +142,18 @@ void KeyDisplayView::setKeys(const QList<KeyPress> &keys)
         });
         if (it != kept.end()) {
             (*it)->view->setKeyPress(key, time);
-            (*it)->moveTiming = timing;
+            (*it)->motion.moveTiming = timing;
             shown.push_back(std::move(*it));
             continue;
         }
         auto item = std::make_unique<Item>();
         item->view = std::make_unique<KeyView>(key, keySize, m_settings);
-        item->phase =
-            style == KeyAnimationStyle::none ? Item::Phase::shown : Item::Phase::inserting;
-        item->phaseStart = time;
-        item->transition = style;
-        item->transitionTiming = timing;
-        item->moveTiming = timing;
+        item->motion.phase = style == KeyAnimationStyle::none ? KeyMotion::Phase::shown
+                                                              : KeyMotion::Phase::inserting;
+        item->motion.phaseStart = time;
+        item->motion.transition = style;
+        item->motion.transitionTiming = timing;
+        item->motion.moveTiming = timing;
         added.push_back(item.get());
         shown.push_back(std::move(item));
     }
@@ -193,8 +168,8 @@ void KeyDisplayView::setKeys(const QList<KeyPress> &keys)
     // New keys appear where they belong; the others move there.
     layout(true);
     for (Item *item : added) {
-        const double right = item->to.x() + item->view->size().width() / 2.0;
-        item->slideDistance = std::max(0.0, right - box.left());
+        const double right = item->motion.to.x() + item->view->size().width() / 2.0;
+        item->motion.slideDistance = std::max(0.0, right - box.left());
     }
     publishFrame();
 }
@@ -225,6 +200,8 @@ void KeyDisplayView::setOpaque(bool opaque)
         return;
     m_opaque = opaque;
     emit updateRequested(m_contentRegion);
+    if (m_framesDrawnByRenderer)
+        emit sceneChanged();
 }
 
 void KeyDisplayView::setRefreshRate(double hertz)
@@ -246,6 +223,7 @@ void KeyDisplayView::onSettingChanged(const QString &key)
         return;
     // Cached shadows and glows of the old look are of no further use.
     KeyEffectCache::shared().clear();
+    ++m_lookGeneration;
     m_referenceExtent = -1.0;
     m_allDirty = true;
     m_frameTime = now();
@@ -267,7 +245,7 @@ QRectF KeyDisplayView::container() const
     double width = 0.0;
     int count = 0;
     for (const auto &item : m_items) {
-        if (item->phase == Item::Phase::removing)
+        if (item->motion.phase == KeyMotion::Phase::removing)
             continue;
         width += item->view->size().width();
         ++count;
@@ -283,7 +261,7 @@ void KeyDisplayView::layout(bool animated)
 {
     std::vector<Item *> row;
     for (auto &item : m_items)
-        if (item->phase != Item::Phase::removing)
+        if (item->motion.phase != KeyMotion::Phase::removing)
             row.push_back(item.get());
 
     const double spacing = m_settings.value(AppSettings::keySpacing) * 0.5;
@@ -340,85 +318,33 @@ void KeyDisplayView::layout(bool animated)
         const double w = item->view->size().width();
         const QPointF target(x + w / 2.0, centerY);
         x += w + spacing;
-        if (!animated || !item->placed) {
-            item->from = item->to = target;
-            item->placed = true;
+        if (!animated || !item->motion.placed) {
+            item->motion.from = item->motion.to = target;
+            item->motion.placed = true;
             continue;
         }
-        if (target == item->to)
+        if (target == item->motion.to)
             continue;
-        item->from = centerOf(*item);
-        item->to = target;
-        item->moveStart = m_frameTime;
+        item->motion.from = item->motion.center(m_frameTime);
+        item->motion.to = target;
+        item->motion.moveStart = m_frameTime;
     }
     if (!animated) {
         // Moves in flight end where they were heading.
         for (auto &item : m_items)
-            item->from = item->to;
+            item->motion.from = item->motion.to;
         m_allDirty = true;
     }
-}
-
-QPointF KeyDisplayView::centerOf(const Item &item) const
-{
-    if (item.from == item.to)
-        return item.to;
-    return lerp(item.from, item.to, item.moveTiming.value(m_frameTime - item.moveStart));
-}
-
-KeyDisplayView::Look KeyDisplayView::lookOf(const Item &item) const
-{
-    Look look;
-    if (item.phase == Item::Phase::shown)
-        return look;
-    const double value = item.transitionTiming.value(m_frameTime - item.phaseStart);
-    const bool inserting = item.phase == Item::Phase::inserting;
-    // How much of the key is there: 1 when fully shown (a spring may overshoot it).
-    const double p = inserting ? value : 1.0 - value;
-    const double opacity = std::clamp(p, 0.0, 1.0);
-    switch (item.transition) {
-    case KeyAnimationStyle::none:
-        break;
-    case KeyAnimationStyle::fadeIn:
-        look.opacity = opacity;
-        look.scale = 0.8 + 0.2 * p;
-        break;
-    case KeyAnimationStyle::scaleIn:
-        look.scale = 0.1 + 0.9 * p;
-        break;
-    case KeyAnimationStyle::slideIn:
-        look.opacity = opacity;
-        look.offset.setX(inserting ? -(1.0 - p) * item.slideDistance
-                                   : (1.0 - p) * item.slideDistance);
-        break;
-    case KeyAnimationStyle::bounce:
-        look.opacity = opacity;
-        look.scale = 0.5 + 0.5 * p;
-        break;
-    }
-    look.scale = std::max(0.0, look.scale);
-    return look;
-}
-
-QRectF KeyDisplayView::visualRectOf(const Item &item) const
-{
-    const Look look = lookOf(item);
-    const QSizeF size = item.view->size(m_frameTime) * look.scale;
-    const QPointF center = centerOf(item) + look.offset;
-    const QRectF frame(center.x() - size.width() / 2.0, center.y() - size.height() / 2.0,
-                       size.width(), size.height());
-    const QMarginsF margins = item.view->visualMargins();
-    return frame.marginsAdded(margins * look.scale);
 }
 
 QList<QRectF> KeyDisplayView::keyFrames() const
 {
     QList<QRectF> frames;
     for (const auto &item : m_items) {
-        if (item->phase == Item::Phase::removing)
+        if (item->motion.phase == KeyMotion::Phase::removing)
             continue;
         const QSizeF size = item->view->size(m_frameTime);
-        const QPointF center = centerOf(*item);
+        const QPointF center = item->motion.center(m_frameTime);
         frames.append(QRectF(center.x() - size.width() / 2.0, center.y() - size.height() / 2.0,
                              size.width(), size.height()));
     }
@@ -430,19 +356,19 @@ bool KeyDisplayView::advance()
     bool moving = false;
     for (auto it = m_items.begin(); it != m_items.end();) {
         Item &item = **it;
-        const double elapsed = m_frameTime - item.phaseStart;
-        if (item.phase != Item::Phase::shown && item.transitionTiming.isFinished(elapsed)) {
-            if (item.phase == Item::Phase::removing) {
-                m_lostRegion += item.drawnRect;
-                it = m_items.erase(it);
-                continue;
-            }
-            item.phase = Item::Phase::shown;
+        KeyMotion &motion = item.motion;
+        if (motion.isGone(m_frameTime)) {
+            m_lostRegion += item.drawnRect;
+            it = m_items.erase(it);
+            continue;
         }
-        if (item.from != item.to && item.moveTiming.isFinished(m_frameTime - item.moveStart))
-            item.from = item.to;
-        moving = moving || item.phase != Item::Phase::shown || item.from != item.to ||
-                 item.view->isAnimating(m_frameTime);
+        if (motion.phase != KeyMotion::Phase::shown &&
+            motion.transitionTiming.isFinished(m_frameTime - motion.phaseStart))
+            motion.phase = KeyMotion::Phase::shown;
+        if (motion.from != motion.to &&
+            motion.moveTiming.isFinished(m_frameTime - motion.moveStart))
+            motion.from = motion.to;
+        moving = moving || motion.isMoving(*item.view, m_frameTime);
         ++it;
     }
     return moving;
@@ -461,8 +387,8 @@ void KeyDisplayView::publishFrame()
     QRegion dirty = m_lostRegion;
     m_lostRegion = QRegion();
     for (const auto &item : m_items) {
-        const Look look = lookOf(*item);
-        const QRect rect = visualRectOf(*item).toAlignedRect();
+        const KeyMotion::Look look = item->motion.look(m_frameTime);
+        const QRect rect = item->motion.visualRect(*item->view, m_frameTime).toAlignedRect();
         const QSizeF size = item->view->size(m_frameTime);
         region += rect;
         // A cap drawn as before needs no repaint (one that changes repaints where it was too).
@@ -486,6 +412,11 @@ void KeyDisplayView::publishFrame()
     updateDrawingArea(region.boundingRect());
     if (regionChanged)
         emit contentRegionChanged(m_contentRegion);
+    if (m_framesDrawnByRenderer) {
+        m_frameTimer.stop();
+        emit sceneChanged();
+        return;
+    }
     if (!dirty.isEmpty())
         emit updateRequested(dirty);
 
@@ -493,6 +424,34 @@ void KeyDisplayView::publishFrame()
         scheduleNextFrame();
     else
         m_frameTimer.stop();
+}
+
+bool KeyDisplayView::isShowingKeys() const
+{
+    const double time = now();
+    return std::any_of(m_items.cbegin(), m_items.cend(),
+                       [time](const auto &item) { return !item->motion.isGone(time); });
+}
+
+void KeyDisplayView::setFramesDrawnByRenderer(bool renderer)
+{
+    m_framesDrawnByRenderer = renderer;
+    if (renderer)
+        m_frameTimer.stop();
+}
+
+std::shared_ptr<KeyRowScene> KeyDisplayView::scene() const
+{
+    auto result = std::make_shared<KeyRowScene>();
+    result->caps.reserve(m_items.size());
+    for (const auto &item : m_items)
+        result->caps.push_back({std::make_shared<const KeyView>(*item->view), item->motion});
+    result->clock = m_elapsed;
+    result->frameInterval = frameInterval();
+    result->rowOpacity = rowOpacity();
+    result->opaque = m_opaque;
+    result->lookGeneration = m_lookGeneration;
+    return result;
 }
 
 void KeyDisplayView::scheduleNextFrame()
@@ -579,30 +538,25 @@ void KeyDisplayView::paint(QPainter &painter) const
 
 void KeyDisplayView::paint(QPainter &painter, const QRect &exposed) const
 {
-    const double rowOpacity =
-        m_opaque ? 1.0 : std::clamp(m_settings.value(AppSettings::keyOpacity), 0.0, 1.0);
+    const double rowOpacity = this->rowOpacity();
     for (const auto &item : m_items) {
-        if (!exposed.isNull() && !visualRectOf(*item).toAlignedRect().intersects(exposed))
+        if (!exposed.isNull() &&
+            !item->motion.visualRect(*item->view, m_frameTime).toAlignedRect().intersects(exposed))
             continue;
-        Look look = lookOf(*item);
-        // A window that cannot blend cannot fade either: its caps show whole from the first
-        // frame, moving and scaling as they would otherwise.
-        if (m_opaque)
-            look.opacity = 1.0;
-        const double opacity = rowOpacity * look.opacity;
-        if (opacity <= 0.0 || look.scale <= 0.0)
+        const KeyMotion::Drawing drawing = item->motion.drawing(m_frameTime, rowOpacity, m_opaque);
+        if (!drawing.isVisible())
             continue;
         painter.save();
-        painter.translate(centerOf(*item) + look.offset);
-        if (look.scale != 1.0)
-            painter.scale(look.scale, look.scale);
-        if (look.opacity == 1.0) {
-            // Resting or sliding: the row's opacity is baked into the cached cap.
-            item->view->paint(painter, QPointF(0.0, 0.0), m_frameTime, rowOpacity);
-        } else {
-            painter.setOpacity(painter.opacity() * opacity);
-            item->view->paint(painter, QPointF(0.0, 0.0), m_frameTime);
-        }
+        painter.translate(drawing.center);
+        if (drawing.scale != 1.0)
+            painter.scale(drawing.scale, drawing.scale);
+        painter.setOpacity(painter.opacity() * drawing.drawOpacity);
+        item->view->paint(painter, QPointF(0.0, 0.0), m_frameTime, drawing.imageOpacity);
         painter.restore();
     }
+}
+
+double KeyDisplayView::rowOpacity() const
+{
+    return m_opaque ? 1.0 : std::clamp(m_settings.value(AppSettings::keyOpacity), 0.0, 1.0);
 }

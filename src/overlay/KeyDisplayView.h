@@ -2,6 +2,8 @@
 
 #include "capture/KeyPress.h"
 #include "overlay/AnimationTiming.h"
+#include "overlay/KeyMotion.h"
+#include "overlay/KeyRowScene.h"
 #include "settings/AppSettings.h"
 #include "settings/DisplayConfiguration.h"
 
@@ -72,6 +74,14 @@ public:
     // The caps' frames as of the latest frame, in display order, keys being removed excluded.
     QList<QRectF> keyFrames() const;
     bool isAnimating() const { return m_frameTimer.isActive(); }
+    // Whether any cap is on show now (keys being removed included until their removal ends).
+    bool isShowingKeys() const;
+
+    // Leaves frames to a renderer of its own (KeyRowRenderer): the view then runs no frame timer
+    // and announces each change of the row with sceneChanged() instead.
+    void setFramesDrawnByRenderer(bool renderer);
+    // The row as of now for a renderer; the caller fills in the window's part.
+    std::shared_ptr<KeyRowScene> scene() const;
 
     // Computes the frame for the clock's current time and asks for the repaint it needs. The
     // frame timer calls this while anything moves.
@@ -84,19 +94,19 @@ signals:
     void updateRequested(const QRegion &region);
     void contentRegionChanged(const QRegion &region);
     void drawingAreaChanged(const QRect &area);
+    // The row changed (keys, places or look): a renderer needs a new scene().
+    void sceneChanged();
 
 private:
     struct Item;
-    struct Look;
 
     double now() const;
     void onSettingChanged(const QString &key);
     // Places every key at its target; animated moves start from where keys are now.
     void layout(bool animated);
     QRectF container() const;
-    Look lookOf(const Item &item) const;
-    QRectF visualRectOf(const Item &item) const;
-    QPointF centerOf(const Item &item) const;
+    // The row's opacity setting, or 1 where caps are drawn opaque.
+    double rowOpacity() const;
     bool advance();
     void publishFrame();
     void scheduleNextFrame();
@@ -123,4 +133,6 @@ private:
     bool m_timedFrame = false;
     double m_referenceExtent = -1.0;
     QRegion m_lostRegion;
+    bool m_framesDrawnByRenderer = false;
+    quint64 m_lookGeneration = 0;
 };

@@ -106,29 +106,28 @@ void KeyView::paintContent(QPainter &painter, const QPointF &center, const Conte
     }
 }
 
-void KeyView::paint(QPainter &painter, const QPointF &center, double now, double opacity) const
+KeyCapsuleView KeyView::capsule(double now) const
 {
-    const QSizeF frameSize = size(now);
-    const QRectF frame(center.x() - frameSize.width() / 2.0, center.y() - frameSize.height() / 2.0,
-                       frameSize.width(), frameSize.height());
     const bool animating = isAnimating(now);
     const double progress = animating ? labelProgress(now) : 1.0;
     const Content current{m_keyPress, m_snapshot, m_contentSize, m_size};
+    const std::optional<Content> previous = animating ? m_previous : std::nullopt;
 
     // Old and new content are both centred in the cap while they cross-fade.
-    KeyCapsuleView capsule(m_snapshot, m_contentSize, [&](QPainter &p, const QRectF &rect) {
-        const QPointF middle = rect.center();
-        if (animating) {
-            const double opacity = p.opacity();
-            p.setOpacity(opacity * (1.0 - progress));
-            paintContent(p, middle, *m_previous);
-            p.setOpacity(opacity * progress);
-            paintContent(p, middle, current);
-            p.setOpacity(opacity);
-        } else {
-            paintContent(p, middle, current);
-        }
-    });
+    KeyCapsuleView capsule(m_snapshot, m_contentSize,
+                           [current, previous, progress](QPainter &p, const QRectF &rect) {
+                               const QPointF middle = rect.center();
+                               if (previous) {
+                                   const double opacity = p.opacity();
+                                   p.setOpacity(opacity * (1.0 - progress));
+                                   paintContent(p, middle, *previous);
+                                   p.setOpacity(opacity * progress);
+                                   paintContent(p, middle, current);
+                                   p.setOpacity(opacity);
+                               } else {
+                                   paintContent(p, middle, current);
+                               }
+                           });
     if (!animating) {
         const auto &category = m_keyPress.category;
         capsule.setCacheKey(
@@ -136,5 +135,20 @@ void KeyView::paint(QPainter &painter, const QPointF &center, double now, double
                 ? QByteArray(category.button() == MouseClickButton::left ? "ml" : "mr")
                 : "t" + m_keyPress.keyName.toUtf8());
     }
-    capsule.paint(painter, frame, nullptr, opacity);
+    return capsule;
+}
+
+void KeyView::paint(QPainter &painter, const QPointF &center, double now, double opacity,
+                    KeyEffectCache *cache) const
+{
+    const QSizeF frameSize = size(now);
+    const QRectF frame(center.x() - frameSize.width() / 2.0, center.y() - frameSize.height() / 2.0,
+                       frameSize.width(), frameSize.height());
+    capsule(now).paint(painter, frame, cache, opacity);
+}
+
+KeyEffectCache::Effect KeyView::image(double now, qreal dpr, KeyEffectCache *cache,
+                                      double opacity) const
+{
+    return capsule(now).image(size(now), dpr, cache, opacity);
 }

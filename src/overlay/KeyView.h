@@ -2,6 +2,7 @@
 
 #include "capture/KeyPress.h"
 #include "overlay/KeyAppearanceSnapshot.h"
+#include "overlay/KeyEffectCache.h"
 
 #include <QMarginsF>
 #include <QPointF>
@@ -10,6 +11,7 @@
 
 #include <optional>
 
+class KeyCapsuleView;
 class QPainter;
 class SettingsStore;
 
@@ -36,8 +38,13 @@ public:
     bool isAnimating(double now) const;
 
     // Draws the cap with its frame centred on `center`, at a steady `opacity` (see
-    // KeyCapsuleView::paint).
-    void paint(QPainter &painter, const QPointF &center, double now, double opacity = 1.0) const;
+    // KeyCapsuleView::paint); shadows, glows and whole caps come from `cache` (by default the
+    // shared one of the GUI thread).
+    void paint(QPainter &painter, const QPointF &center, double now, double opacity = 1.0,
+               KeyEffectCache *cache = nullptr) const;
+    // The cap as of `now` in an image of its own (see KeyCapsuleView::image).
+    KeyEffectCache::Effect image(double now, qreal dpr, KeyEffectCache *cache,
+                                 double opacity = 1.0) const;
 
 private:
     struct Content {
@@ -48,6 +55,7 @@ private:
     };
     Content resolve(const KeyPress &keyPress) const;
     double labelProgress(double now) const;
+    KeyCapsuleView capsule(double now) const;
     static void paintContent(QPainter &painter, const QPointF &center, const Content &content);
 
     const SettingsStore &m_settings;

@@ -5,6 +5,7 @@
 #include "platform/x11/X11CaptureBackend.h"
 #include "platform/x11/X11CompositorWatcher.h"
 #include "platform/x11/X11HotKeyGrabber.h"
+#include "platform/x11/X11KeyRowRenderer.h"
 #include "platform/x11/X11KeyboardLayoutMonitor.h"
 
 #include <xcb/xcb.h>
@@ -56,4 +57,9 @@ Platform::createCaptureBackend(const std::shared_ptr<KeyboardLayoutSource> &nami
 std::unique_ptr<HotKeyGrabber> Platform::createHotKeyGrabber()
 {
     return X11HotKeyGrabber::create();
+}
+
+std::unique_ptr<KeyRowRenderer> Platform::createKeyRowRenderer(quintptr window)
+{
+    return X11KeyRowRenderer::create(static_cast<quint32>(window));
 }

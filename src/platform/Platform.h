@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QtGlobal>
 
 #include <functional>
 #include <memory>
@@ -9,6 +10,7 @@ class CaptureBackend;
 class CompositorWatcher;
 class HotKeyGrabber;
 class KeyboardLayoutSource;
+class KeyRowRenderer;
 class QObject;
 
 // Factories for the platform's implementations of the interfaces that the rest of Vantrel uses.
@@ -35,4 +37,7 @@ public:
     createCaptureBackend(const std::shared_ptr<KeyboardLayoutSource> &namingSource);
     // System-wide key grabs for KeyboardShortcuts; nothing when no display can be reached.
     static std::unique_ptr<HotKeyGrabber> createHotKeyGrabber();
+    // Draws a key row into the overlay window `window` (a native window of the application)
+    // through the display server; nothing when the display cannot.
+    static std::unique_ptr<KeyRowRenderer> createKeyRowRenderer(quintptr window);
 };

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "overlay/KeyRowScene.h"
+
+#include <memory>
+
+// Draws a key row into its overlay window through the display server, frame after frame on a
+// thread of its own: frames cost the GUI thread nothing, and caps are sent to the server once and
+// then only placed, scaled and faded there.
+class KeyRowRenderer {
+public:
+    virtual ~KeyRowRenderer() = default;
+
+    // Draws the scene as of now at once (on the calling, GUI thread), then draws its frames at
+    // the scene's frame rate while anything in it moves.
+    virtual void setScene(std::shared_ptr<const KeyRowScene> scene) = 0;
+    // Prepares the images of sample caps, so that the first key finds its cap's shadow, glyphs
+    // and image ready.
+    virtual void warmUp(const std::vector<std::shared_ptr<const KeyView>> &views, double opacity,
+                        double devicePixelRatio) = 0;
+};
