@@ -5,10 +5,10 @@
 //   idle     - CPU time and wake-ups while no key shows
 //   typing   - CPU time, wake-ups and frames drawn while typing 15 keys per second
 // Usage: overlay_probe <vantrel pid> <seconds for idle and typing> [--all-keys]
-//        [--idle-seconds N]
+//        [--idle-seconds N] [--server-pid N]
 // Prints one "measure<TAB>result" line each; resident memory is also sampled every 10 s of
-// typing, so that a long run shows whether it stays flat. With --all-keys Vantrel runs with "showAllKeys"
-// on and letters are timed; otherwise F-keys, which the default settings show.
+// typing, so that a long run shows whether it stays flat. With --all-keys Vantrel runs with
+// "showAllKeys" on and letters are timed; otherwise F-keys, which the default settings show.
 #include <xcb/damage.h>
 #include <xcb/xcb.h>
 #include <xcb/xtest.h>
@@ -34,7 +34,8 @@ using Clock = std::chrono::steady_clock;
 struct ProcessTimes {
     double cpuSeconds = 0;
     double systemSeconds = 0;
-    std::map<std::string, long long> contextSwitches; // per thread
+    std::map<std::string, long long> contextSwitches;                     // per thread
+    std::map<std::string, std::pair<std::string, long long>> threadTicks; // name, CPU ticks
     long long rssKiB = 0;
 };
 
@@ -77,6 +78,19 @@ ProcessTimes readProcess(int pid)
         while (dirent *entry = readdir(dir)) {
             if (entry->d_name[0] == '.')
                 continue;
+            std::ifstream threadStat(taskDir + "/" + entry->d_name + "/stat");
+            const std::string text((std::istreambuf_iterator<char>(threadStat)), {});
+            const auto open = text.find('('), close = text.rfind(')');
+            if (open != std::string::npos && close != std::string::npos) {
+                std::istringstream fields(text.substr(close + 2));
+                std::string field;
+                long long ticks = 0;
+                for (int i = 3; fields >> field && i <= 15; ++i)
+                    if (i >= 14)
+                        ticks += std::stoll(field);
+                result.threadTicks[entry->d_name] = {text.substr(open + 1, close - open - 1),
+                                                     ticks};
+            }
             std::ifstream status(taskDir + "/" + entry->d_name + "/status");
             std::string line;
             while (std::getline(status, line))
@@ -237,7 +251,9 @@ std::string latencyText(const std::vector<double> &all, size_t presses)
 int main(int argc, char **argv)
 {
     if (argc < 3) {
-        std::fprintf(stderr, "usage: %s <vantrel pid> <seconds> [--all-keys] [--idle-seconds N]\n",
+        std::fprintf(stderr,
+                     "usage: %s <vantrel pid> <seconds> [--all-keys] [--idle-seconds N] "
+                     "[--server-pid N]\n",
                      argv[0]);
         return 2;
     }
@@ -245,11 +261,14 @@ int main(int argc, char **argv)
     const int seconds = std::atoi(argv[2]);
     bool allKeys = false;
     int idleSeconds = seconds;
+    int serverPid = 0; // the X server's, to report its CPU time too
     for (int i = 3; i < argc; ++i) {
         if (std::strcmp(argv[i], "--all-keys") == 0)
             allKeys = true;
         else if (std::strcmp(argv[i], "--idle-seconds") == 0 && i + 1 < argc)
             idleSeconds = std::atoi(argv[++i]);
+        else if (std::strcmp(argv[i], "--server-pid") == 0 && i + 1 < argc)
+            serverPid = std::atoi(argv[++i]);
     }
     xcb_connection_t *c = xcb_connect(nullptr, nullptr);
     if (xcb_connection_has_error(c)) {
@@ -312,6 +331,7 @@ int main(int argc, char **argv)
     const ProcessTimes idleEnd = readProcess(pid);
 
     const ProcessTimes typingStart = readProcess(pid);
+    const ProcessTimes serverStart = serverPid > 0 ? readProcess(serverPid) : ProcessTimes();
     const xcb_keycode_t control = keycodeOf(c, 0xffe3);
     const xcb_keycode_t f5 = keycodeOf(c, 0xffc2);
     const xcb_keycode_t returnKey = keycodeOf(c, 0xff0d);
@@ -347,6 +367,7 @@ int main(int argc, char **argv)
         drain(c, damageEvent, 1000 / 15);
     }
     const ProcessTimes typingStop = readProcess(pid);
+    const ProcessTimes serverStop = serverPid > 0 ? readProcess(serverPid) : ProcessTimes();
     const DamageCount typed = damageCount;
     drain(c, damageEvent, 2500);
     const double frameRate = double(typed.frames) / seconds;
@@ -360,6 +381,24 @@ int main(int argc, char **argv)
                 seconds, typingStop.cpuSeconds - typingStart.cpuSeconds,
                 typingStop.systemSeconds - typingStart.systemSeconds,
                 wakeUps(typingStart, typingStop));
+    // CPU by thread while typing, threads of one name summed.
+    std::map<std::string, long long> byName;
+    for (const auto &[thread, nameTicks] : typingStop.threadTicks) {
+        const auto before = typingStart.threadTicks.find(thread);
+        byName[nameTicks.first] +=
+            nameTicks.second -
+            (before == typingStart.threadTicks.end() ? 0 : before->second.second);
+    }
+    std::string threads;
+    for (const auto &[name, ticks] : byName)
+        if (ticks > 0)
+            threads += (threads.empty() ? "" : ", ") + name + " " +
+                       std::to_string(double(ticks) / double(sysconf(_SC_CLK_TCK))).substr(0, 4) +
+                       " s";
+    std::printf("typing: CPU by thread\t%s\n", threads.c_str());
+    if (serverPid > 0)
+        std::printf("typing: X server CPU\t%.3f s\n",
+                    serverStop.cpuSeconds - serverStart.cpuSeconds);
     std::printf("frames drawn while typing\t%lld (%.0f a second), %.1f per shown key, %.1f "
                 "damage events per frame\n",
                 typed.frames, frameRate, shownKeys ? double(typed.frames) / shownKeys : 0.0,

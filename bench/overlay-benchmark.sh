@@ -46,7 +46,8 @@ measure() {
     awk -v a="$start" -v b="$listening" \
         'BEGIN { printf "start to listening\t%.0f ms\n", (b - a) * 1000 }' >"$work/$1"
     "$VANTREL_BUILD_DIR/bench/overlay_probe" "$vantrel_pid" "$seconds" ${3:-} \
-        --idle-seconds "${VANTREL_BENCH_IDLE_SECONDS:-$seconds}" >>"$work/$1"
+        --idle-seconds "${VANTREL_BENCH_IDLE_SECONDS:-$seconds}" \
+        --server-pid "$VIRTUAL_DISPLAY_PID" >>"$work/$1"
     kill "$vantrel_pid"
     wait "$vantrel_pid" 2>/dev/null || true
 }

@@ -167,6 +167,7 @@ void KeyDisplayView::setKeys(const QList<KeyPress> &keys)
 
     // New keys appear where they belong; the others move there.
     layout(true);
+    m_changeCanWait = added.empty();
     for (Item *item : added) {
         const double right = item->motion.to.x() + item->view->size().width() / 2.0;
         item->motion.slideDistance = std::max(0.0, right - box.left());
@@ -415,6 +416,7 @@ void KeyDisplayView::publishFrame()
     if (m_framesDrawnByRenderer) {
         m_frameTimer.stop();
         emit sceneChanged();
+        m_changeCanWait = false;
         return;
     }
     if (!dirty.isEmpty())
@@ -451,6 +453,7 @@ std::shared_ptr<KeyRowScene> KeyDisplayView::scene() const
     result->rowOpacity = rowOpacity();
     result->opaque = m_opaque;
     result->lookGeneration = m_lookGeneration;
+    result->urgent = !m_changeCanWait;
     return result;
 }
 
@@ -543,7 +546,8 @@ void KeyDisplayView::paint(QPainter &painter, const QRect &exposed) const
         if (!exposed.isNull() &&
             !item->motion.visualRect(*item->view, m_frameTime).toAlignedRect().intersects(exposed))
             continue;
-        const KeyMotion::Drawing drawing = item->motion.drawing(m_frameTime, rowOpacity, m_opaque);
+        const KeyMotion::Drawing drawing =
+            item->motion.drawing(*item->view, m_frameTime, rowOpacity, m_opaque);
         if (!drawing.isVisible())
             continue;
         painter.save();

@@ -134,5 +134,7 @@ private:
     double m_referenceExtent = -1.0;
     QRegion m_lostRegion;
     bool m_framesDrawnByRenderer = false;
+    // The latest change only removed or reordered keys: it can wait for the next frame.
+    bool m_changeCanWait = false;
     quint64 m_lookGeneration = 0;
 };

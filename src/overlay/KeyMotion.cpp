@@ -57,16 +57,19 @@ bool KeyMotion::isMoving(const KeyView &view, double time) const
            (from != to && !moveTiming.isFinished(time - moveStart)) || view.isAnimating(time);
 }
 
-KeyMotion::Drawing KeyMotion::drawing(double time, double rowOpacity, bool opaque) const
+KeyMotion::Drawing KeyMotion::drawing(const KeyView &view, double time, double rowOpacity,
+                                      bool opaque) const
 {
     Look current = look(time);
+    Drawing result;
+    result.frameSize = view.size(time);
+    result.visualRect = visualRect(view, time, current, result.frameSize);
     // A window that cannot blend cannot fade either: its caps show whole from the first frame,
     // moving and scaling as they would otherwise.
     if (opaque) {
         current.opacity = 1.0;
         rowOpacity = 1.0;
     }
-    Drawing result;
     result.center = center(time) + current.offset;
     result.scale = current.scale;
     if (current.opacity == 1.0) {
@@ -81,8 +84,13 @@ KeyMotion::Drawing KeyMotion::drawing(double time, double rowOpacity, bool opaqu
 
 QRectF KeyMotion::visualRect(const KeyView &view, double time) const
 {
-    const Look current = look(time);
-    const QSizeF size = view.size(time) * current.scale;
+    return visualRect(view, time, look(time), view.size(time));
+}
+
+QRectF KeyMotion::visualRect(const KeyView &view, double time, const Look &current,
+                             const QSizeF &frameSize) const
+{
+    const QSizeF size = frameSize * current.scale;
     const QPointF middle = center(time) + current.offset;
     const QRectF frame(middle.x() - size.width() / 2.0, middle.y() - size.height() / 2.0,
                        size.width(), size.height());

@@ -25,6 +25,8 @@ struct KeyMotion final {
     // included), scale, the steady opacity baked into the cap's image and the opacity the image
     // is then drawn at. `opaque` rows (windows that cannot blend) draw every cap whole.
     struct Drawing {
+        QRectF visualRect; // as visualRect() says
+        QSizeF frameSize;  // unscaled
         QPointF center;
         double scale = 1.0;
         double imageOpacity = 1.0;
@@ -52,7 +54,11 @@ struct KeyMotion final {
     bool isGone(double time) const;
     // Whether anything of the cap still changes after `time` (its label included).
     bool isMoving(const KeyView &view, double time) const;
-    Drawing drawing(double time, double rowOpacity, bool opaque) const;
+    Drawing drawing(const KeyView &view, double time, double rowOpacity, bool opaque) const;
     // The area the cap covers, shadows and glows included.
     QRectF visualRect(const KeyView &view, double time) const;
+
+private:
+    QRectF visualRect(const KeyView &view, double time, const Look &current,
+                      const QSizeF &frameSize) const;
 };

@@ -30,6 +30,9 @@ struct KeyRowScene final {
     QPoint origin;
     QSize windowSize;
     double devicePixelRatio = 1.0;
+    // Draw at once (keys were added, or the look or place changed); otherwise a renderer whose
+    // frames already run may leave the change to its next frame.
+    bool urgent = true;
     // Changes with every change of look: images of caps of older looks are of no further use.
     quint64 lookGeneration = 0;
 

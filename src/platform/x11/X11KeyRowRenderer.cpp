@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
+#include <pthread.h>
 
 namespace {
 // Server-side cap images kept at most (least recently used go first), as the client's cache.
@@ -119,7 +120,10 @@ X11KeyRowRenderer::X11KeyRowRenderer(xcb_connection_t *connection, std::uint32_t
                                      std::uint32_t argbFormat, std::uint32_t maskFormat)
     : m_connection(connection), m_window(window), m_argbFormat(argbFormat), m_maskFormat(maskFormat)
 {
-    m_thread = std::thread([this] { run(); });
+    m_thread = std::thread([this] {
+        pthread_setname_np(pthread_self(), "KeyRowRenderer");
+        run();
+    });
 }
 
 X11KeyRowRenderer::~X11KeyRowRenderer()
@@ -139,6 +143,13 @@ void X11KeyRowRenderer::setScene(std::shared_ptr<const KeyRowScene> scene)
     std::unique_lock lock(m_mutex);
     const bool wasMoving = m_moving;
     m_scene = std::move(scene);
+    m_capImages.assign(m_scene->caps.size(), {});
+    // Errors (about a window closed meanwhile) are of no use; drop them now and then rather than
+    // read the connection on every frame.
+    while (xcb_generic_event_t *event = xcb_poll_for_event(m_connection))
+        std::free(event);
+    if (wasMoving && !m_scene->urgent)
+        return; // the next frame shows it
     // Drawn at once rather than by the thread: a key shows as soon as it is pressed.
     m_moving = drawFrame();
     if (!m_moving)
@@ -185,9 +196,6 @@ void X11KeyRowRenderer::run()
 
 bool X11KeyRowRenderer::drawFrame()
 {
-    // Errors (a window closed meanwhile) are of no use here; drop them.
-    while (xcb_generic_event_t *event = xcb_poll_for_event(m_connection))
-        std::free(event);
     if (!m_scene)
         return false;
     const KeyRowScene &scene = *m_scene;
@@ -211,25 +219,62 @@ bool X11KeyRowRenderer::drawFrame()
         m_redrawAll = true;
     }
 
-    struct Draw {
-        const KeyRowScene::Cap *cap;
-        KeyMotion::Drawing drawing;
+    // Where each cap's image goes this frame, in window pixels.
+    struct Placement {
+        std::uint32_t picture;
+        std::uint32_t mask;
+        QRect rect;
+        double sx;
+        double sy;
     };
-    std::vector<Draw> draws;
-    draws.reserve(scene.caps.size());
+    std::vector<Placement> placements;
+    placements.reserve(scene.caps.size());
     const double time = scene.time();
     bool moving = false;
     QRect covered;
-    for (const KeyRowScene::Cap &cap : scene.caps) {
+    for (std::size_t index = 0; index < scene.caps.size(); ++index) {
+        const KeyRowScene::Cap &cap = scene.caps[index];
+        const KeyView &view = *cap.view;
         if (cap.motion.isGone(time))
             continue;
-        moving = moving || cap.motion.isMoving(*cap.view, time);
-        const KeyMotion::Drawing drawing = cap.motion.drawing(time, scene.rowOpacity, scene.opaque);
+        moving = moving || cap.motion.isMoving(view, time);
+        const KeyMotion::Drawing drawing =
+            cap.motion.drawing(view, time, scene.rowOpacity, scene.opaque);
         if (!drawing.isVisible())
             continue;
-        const QRectF area = cap.motion.visualRect(*cap.view, time).translated(-scene.origin);
-        covered |= QRectF(area.topLeft() * dpr, area.size() * dpr).toAlignedRect();
-        draws.push_back({&cap, drawing});
+        const bool transient = view.isAnimating(time);
+        // A cap's image changes only with its label (or when it fades and no longer has the
+        // row's opacity baked in): look it up once per scene otherwise.
+        CapImage &image = m_capImages[index];
+        if (transient || image.image.isNull() || image.opacity != drawing.imageOpacity) {
+            const KeyEffectCache::Effect effect =
+                view.image(time, dpr, &m_effects, drawing.imageOpacity);
+            image = {effect.image, effect.offset, drawing.imageOpacity};
+        }
+        if (image.image.isNull())
+            continue;
+        // The image's top-left corner; growing or shrinking caps are sampled on whole pixels.
+        const double scale = drawing.scale;
+        const QSizeF frame = drawing.frameSize;
+        const QPointF corner =
+            (drawing.center - QPointF(scene.origin) +
+             scale * (QPointF(-frame.width() / 2.0, -frame.height() / 2.0) + image.offset)) *
+            dpr;
+        const QSize size = scale == 1.0
+                               ? image.image.size()
+                               : QSize(static_cast<int>(std::lround(image.image.width() * scale)),
+                                       static_cast<int>(std::lround(image.image.height() * scale)));
+        if (size.isEmpty())
+            continue;
+        const QRect rect(QPoint(static_cast<int>(std::lround(corner.x())),
+                                static_cast<int>(std::lround(corner.y()))),
+                         size);
+        placements.push_back(
+            {pictureFor(image.image, transient),
+             drawing.drawOpacity < 1.0 ? opacityMask(drawing.drawOpacity) : std::uint32_t{XCB_NONE},
+             rect, double(image.image.width()) / size.width(),
+             double(image.image.height()) / size.height()});
+        covered |= rect;
     }
     const QRect window(QPoint(0, 0), pixels);
     covered &= window;
@@ -239,49 +284,23 @@ bool X11KeyRowRenderer::drawFrame()
     if (dirty.isEmpty())
         return moving;
 
+    // Every image drawn lies within `dirty`, so no clip is needed.
     const xcb_rectangle_t clip = rectangle(dirty);
-    xcb_render_set_picture_clip_rectangles(m_connection, m_bufferPicture, 0, 0, 1, &clip);
     const xcb_render_color_t transparent{0, 0, 0, 0};
     xcb_render_fill_rectangles(m_connection, XCB_RENDER_PICT_OP_SRC, m_bufferPicture, transparent,
                                1, &clip);
-    for (const Draw &draw : draws) {
-        const KeyView &view = *draw.cap->view;
-        const bool transient = view.isAnimating(time);
-        const KeyEffectCache::Effect cap =
-            view.image(time, dpr, &m_effects, draw.drawing.imageOpacity);
-        if (cap.image.isNull())
-            continue;
-        const uint32_t picture = pictureFor(cap.image, transient);
-        const uint32_t mask =
-            draw.drawing.drawOpacity < 1.0 ? opacityMask(draw.drawing.drawOpacity) : XCB_NONE;
-        // The image's top-left corner, in window pixels.
-        const double scale = draw.drawing.scale;
-        const QSizeF frame = view.size(time);
-        const QPointF corner =
-            (draw.drawing.center - QPointF(scene.origin) +
-             scale * (QPointF(-frame.width() / 2.0, -frame.height() / 2.0) + cap.offset)) *
-            dpr;
-        const auto left = static_cast<int16_t>(std::lround(corner.x()));
-        const auto top = static_cast<int16_t>(std::lround(corner.y()));
-        if (scale == 1.0) {
-            xcb_render_composite(m_connection, XCB_RENDER_PICT_OP_OVER, picture, mask,
-                                 m_bufferPicture, 0, 0, 0, 0, left, top,
-                                 static_cast<uint16_t>(cap.image.width()),
-                                 static_cast<uint16_t>(cap.image.height()));
-            continue;
-        }
-        // Growing or shrinking caps are sampled on whole pixels, without smoothing.
-        const long width = std::lround(cap.image.width() * scale);
-        const long height = std::lround(cap.image.height() * scale);
-        if (width <= 0 || height <= 0)
-            continue;
-        xcb_render_set_picture_transform(m_connection, picture,
-                                         scaling(double(cap.image.width()) / double(width),
-                                                 double(cap.image.height()) / double(height)));
-        xcb_render_composite(m_connection, XCB_RENDER_PICT_OP_OVER, picture, mask, m_bufferPicture,
-                             0, 0, 0, 0, left, top, static_cast<uint16_t>(width),
-                             static_cast<uint16_t>(height));
-        xcb_render_set_picture_transform(m_connection, picture, scaling(1.0, 1.0));
+    for (const Placement &placement : placements) {
+        const bool scaled = placement.sx != 1.0 || placement.sy != 1.0;
+        if (scaled)
+            xcb_render_set_picture_transform(m_connection, placement.picture,
+                                             scaling(placement.sx, placement.sy));
+        xcb_render_composite(
+            m_connection, XCB_RENDER_PICT_OP_OVER, placement.picture, placement.mask,
+            m_bufferPicture, 0, 0, 0, 0, static_cast<int16_t>(placement.rect.x()),
+            static_cast<int16_t>(placement.rect.y()), static_cast<uint16_t>(placement.rect.width()),
+            static_cast<uint16_t>(placement.rect.height()));
+        if (scaled)
+            xcb_render_set_picture_transform(m_connection, placement.picture, scaling(1.0, 1.0));
     }
     for (const uint32_t picture : m_transient)
         xcb_render_free_picture(m_connection, picture);

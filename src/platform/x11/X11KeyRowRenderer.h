@@ -42,6 +42,11 @@ public:
 
 private:
     using Clock = std::chrono::steady_clock;
+    struct CapImage {
+        QImage image;
+        QPointF offset;
+        double opacity = -1.0;
+    };
     struct Picture {
         std::uint32_t picture = 0;
         qsizetype bytes = 0;
@@ -75,6 +80,7 @@ private:
     Clock::time_point m_due;
 
     std::shared_ptr<const KeyRowScene> m_scene;
+    std::vector<CapImage> m_capImages; // per cap of the scene, once drawn
     // The scene drawn before: a change of look, window or blending redraws everything.
     quint64 m_lookGeneration = 0;
     bool m_opaque = false;
