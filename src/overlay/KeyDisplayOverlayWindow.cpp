@@ -130,7 +130,7 @@ void KeyDisplayOverlayWindow::warmUp()
         samples.push_back(std::make_shared<const KeyView>(
             sample, m_settings.value(AppSettings::keySize), m_settings));
     if (m_renderer) {
-        m_renderer->warmUp(samples, opacity, devicePixelRatioF());
+        m_renderer->warmUp(samples, opacity, !m_compositing, devicePixelRatioF());
         return;
     }
     QImage scratch(1, 1, QImage::Format_ARGB32_Premultiplied);

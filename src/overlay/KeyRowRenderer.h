@@ -14,8 +14,8 @@ public:
     // Draws the scene as of now at once (on the calling, GUI thread), then draws its frames at
     // the scene's frame rate while anything in it moves.
     virtual void setScene(std::shared_ptr<const KeyRowScene> scene) = 0;
-    // Prepares the images of sample caps, so that the first key finds its cap's shadow, glyphs
-    // and image ready.
+    // Prepares the images of sample caps, drawn at `opacity` (and `opaque` as in a scene), so
+    // that the first key finds its cap's shadow, glyphs and image ready.
     virtual void warmUp(const std::vector<std::shared_ptr<const KeyView>> &views, double opacity,
-                        double devicePixelRatio) = 0;
+                        bool opaque, double devicePixelRatio) = 0;
 };

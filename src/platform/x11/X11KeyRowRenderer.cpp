@@ -164,11 +164,13 @@ void X11KeyRowRenderer::setScene(std::shared_ptr<const KeyRowScene> scene)
 }
 
 void X11KeyRowRenderer::warmUp(const std::vector<std::shared_ptr<const KeyView>> &views,
-                               double opacity, double devicePixelRatio)
+                               double opacity, bool opaque, double devicePixelRatio)
 {
     std::lock_guard lock(m_mutex);
+    setOpaque(opaque);
     for (const auto &view : views)
-        view->image(0.0, devicePixelRatio, &m_effects, opacity);
+        pictureFor(view->image(0.0, devicePixelRatio, &m_effects, opacity).image, false);
+    xcb_flush(m_connection);
 }
 
 void X11KeyRowRenderer::run()
@@ -209,11 +211,7 @@ bool X11KeyRowRenderer::drawFrame()
         m_lookGeneration = scene.lookGeneration;
         m_redrawAll = true;
     }
-    if (scene.opaque != m_opaque) {
-        forgetPictures(); // uploaded as the window showed them
-        m_opaque = scene.opaque;
-        m_redrawAll = true;
-    }
+    setOpaque(scene.opaque);
     if (pixels != m_bufferSize) {
         resizeBuffers(pixels);
         m_redrawAll = true;
@@ -425,6 +423,15 @@ std::uint32_t X11KeyRowRenderer::opacityMask(double opacity)
     xcb_render_create_solid_fill(m_connection, picture, xcb_render_color_t{0, 0, 0, value});
     m_opacityMasks.emplace(alpha, picture);
     return picture;
+}
+
+void X11KeyRowRenderer::setOpaque(bool opaque)
+{
+    if (opaque == m_opaque)
+        return;
+    forgetPictures();
+    m_opaque = opaque;
+    m_redrawAll = true;
 }
 
 void X11KeyRowRenderer::forgetPictures()

@@ -38,7 +38,7 @@ public:
 
     void setScene(std::shared_ptr<const KeyRowScene> scene) override;
     void warmUp(const std::vector<std::shared_ptr<const KeyView>> &views, double opacity,
-                double devicePixelRatio) override;
+                bool opaque, double devicePixelRatio) override;
 
 private:
     using Clock = std::chrono::steady_clock;
@@ -65,6 +65,8 @@ private:
     std::uint32_t upload(const QImage &image);
     std::uint32_t opacityMask(double opacity);
     void forgetPictures();
+    // Images are uploaded as the window shows them: opaque ones without a compositor.
+    void setOpaque(bool opaque);
     void freeBuffers();
 
     xcb_connection_t *const m_connection;
