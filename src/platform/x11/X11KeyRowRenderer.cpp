@@ -305,12 +305,18 @@ bool X11KeyRowRenderer::drawFrame()
     m_transient.clear();
 
     if (m_opaque) {
-        // The shape follows the caps: every pixel the frame covers at least half.
+        // The shape follows the caps: every pixel the frame covers at least half. Nothing
+        // shows outside `dirty`, so a mask of that part alone is the whole shape.
+        const uint32_t mask = xcb_generate_id(m_connection);
+        xcb_create_pixmap(m_connection, 1, mask, m_window, clip.width, clip.height);
+        const uint32_t maskPicture = xcb_generate_id(m_connection);
+        xcb_render_create_picture(m_connection, maskPicture, mask, m_maskFormat, 0, nullptr);
         xcb_render_composite(m_connection, XCB_RENDER_PICT_OP_SRC, m_bufferPicture, XCB_NONE,
-                             m_shapePicture, clip.x, clip.y, 0, 0, clip.x, clip.y, clip.width,
-                             clip.height);
-        xcb_shape_mask(m_connection, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_BOUNDING, m_window, 0, 0,
-                       m_shape);
+                             maskPicture, clip.x, clip.y, 0, 0, 0, 0, clip.width, clip.height);
+        xcb_shape_mask(m_connection, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_BOUNDING, m_window, clip.x,
+                       clip.y, mask);
+        xcb_render_free_picture(m_connection, maskPicture);
+        xcb_free_pixmap(m_connection, mask);
         m_shaped = true;
     } else if (m_shaped) {
         xcb_shape_mask(m_connection, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_BOUNDING, m_window, 0, 0,
@@ -332,16 +338,10 @@ void X11KeyRowRenderer::resizeBuffers(const QSize &pixels)
     xcb_create_pixmap(m_connection, 32, m_buffer, m_window, width, height);
     m_bufferPicture = xcb_generate_id(m_connection);
     xcb_render_create_picture(m_connection, m_bufferPicture, m_buffer, m_argbFormat, 0, nullptr);
-    m_shape = xcb_generate_id(m_connection);
-    xcb_create_pixmap(m_connection, 1, m_shape, m_window, width, height);
-    m_shapePicture = xcb_generate_id(m_connection);
-    xcb_render_create_picture(m_connection, m_shapePicture, m_shape, m_maskFormat, 0, nullptr);
     const xcb_render_color_t transparent{0, 0, 0, 0};
     const xcb_rectangle_t all{0, 0, width, height};
     xcb_render_fill_rectangles(m_connection, XCB_RENDER_PICT_OP_SRC, m_bufferPicture, transparent,
                                1, &all);
-    xcb_render_fill_rectangles(m_connection, XCB_RENDER_PICT_OP_SRC, m_shapePicture, transparent, 1,
-                               &all);
     xcb_change_window_attributes(m_connection, m_window, XCB_CW_BACK_PIXMAP, &m_buffer);
 }
 
@@ -351,9 +351,7 @@ void X11KeyRowRenderer::freeBuffers()
         return;
     xcb_render_free_picture(m_connection, m_bufferPicture);
     xcb_free_pixmap(m_connection, m_buffer);
-    xcb_render_free_picture(m_connection, m_shapePicture);
-    xcb_free_pixmap(m_connection, m_shape);
-    m_buffer = m_bufferPicture = m_shape = m_shapePicture = 0;
+    m_buffer = m_bufferPicture = 0;
 }
 
 std::uint32_t X11KeyRowRenderer::pictureFor(const QImage &image, bool transient)

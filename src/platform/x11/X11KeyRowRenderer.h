@@ -93,8 +93,6 @@ private:
     QSize m_bufferSize;
     std::uint32_t m_buffer = 0; // the window's background: the frame as shown
     std::uint32_t m_bufferPicture = 0;
-    std::uint32_t m_shape = 0; // 1 bit deep: the window's shape without a compositor
-    std::uint32_t m_shapePicture = 0;
 
     KeyEffectCache m_effects; // used with m_mutex held only
     std::unordered_map<qint64, Picture> m_pictures;
