@@ -1,10 +1,12 @@
 #pragma once
 
+#include <QGuiApplication>
 #include <QImage>
 #include <QProcess>
 #include <QRect>
 #include <QString>
 #include <QStringList>
+#include <QTest>
 
 #include <memory>
 
@@ -27,6 +29,10 @@ public:
 
     static QRect leftMonitor() { return {0, 0, 1920, 1080}; }
     static QRect rightMonitor() { return {1920, 0, 1920, 1080}; }
+
+    // A test program's main(): runs the Qt Test object of type Test with the xcb platform on a new
+    // virtual display.
+    template <typename Test> static int execTests(int argc, char *argv[]);
 
     bool addRightMonitor();
     bool removeRightMonitor();
@@ -59,3 +65,18 @@ private:
     std::unique_ptr<QProcess> m_windowManager;
     std::unique_ptr<QProcess> m_bus;
 };
+
+template <typename Test> int VirtualDisplay::execTests(int argc, char *argv[])
+{
+    VirtualDisplay display;
+    QString error;
+    if (!display.start(&error)) {
+        qWarning("%s", qPrintable(error));
+        return 1;
+    }
+    qputenv("DISPLAY", display.displayName().toLatin1());
+    qputenv("QT_QPA_PLATFORM", "xcb");
+    QGuiApplication app(argc, argv);
+    Test test;
+    return QTest::qExec(&test, argc, argv);
+}

@@ -53,18 +53,7 @@ private slots:
 
 int main(int argc, char *argv[])
 {
-    // LEFT (the primary) and RIGHT side by side on one X screen.
-    VirtualDisplay display;
-    QString error;
-    if (!display.start(&error)) {
-        qWarning("%s", qPrintable(error));
-        return 1;
-    }
-    qputenv("DISPLAY", display.displayName().toLatin1());
-    qputenv("QT_QPA_PLATFORM", "xcb");
-    QGuiApplication app(argc, argv);
-    tst_QtScreenList test;
-    return QTest::qExec(&test, argc, argv);
+    return VirtualDisplay::execTests<tst_QtScreenList>(argc, argv);
 }
 
 #include "tst_QtScreenList.moc"

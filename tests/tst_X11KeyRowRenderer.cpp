@@ -133,17 +133,7 @@ private slots:
 
 int main(int argc, char *argv[])
 {
-    VirtualDisplay display;
-    QString error;
-    if (!display.start(&error)) {
-        qWarning("%s", qPrintable(error));
-        return 1;
-    }
-    qputenv("DISPLAY", display.displayName().toLatin1());
-    qputenv("QT_QPA_PLATFORM", "xcb");
-    QGuiApplication app(argc, argv);
-    tst_X11KeyRowRenderer test;
-    return QTest::qExec(&test, argc, argv);
+    return VirtualDisplay::execTests<tst_X11KeyRowRenderer>(argc, argv);
 }
 
 #include "tst_X11KeyRowRenderer.moc"
