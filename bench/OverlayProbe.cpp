@@ -32,10 +32,9 @@ namespace {
 using Clock = std::chrono::steady_clock;
 
 struct ProcessTimes {
-    double cpuSeconds = 0;
     double systemSeconds = 0;
-    std::map<std::string, long long> contextSwitches;                     // per thread
-    std::map<std::string, std::pair<std::string, long long>> threadTicks; // name, CPU ticks
+    std::map<std::string, long long> contextSwitches;                       // per thread
+    std::map<std::string, std::pair<std::string, long long>> threadRuntime; // name, CPU ns
     long long rssKiB = 0;
 };
 
@@ -51,6 +50,17 @@ long long wakeUps(const ProcessTimes &before, const ProcessTimes &after)
     return total;
 }
 
+// CPU time between two samples, to the nanosecond, of the threads seen in the second.
+double runSeconds(const ProcessTimes &before, const ProcessTimes &after)
+{
+    long long total = 0;
+    for (const auto &[thread, nameRuntime] : after.threadRuntime) {
+        const auto old = before.threadRuntime.find(thread);
+        total += nameRuntime.second - (old == before.threadRuntime.end() ? 0 : old->second.second);
+    }
+    return double(total) / 1e9;
+}
+
 ProcessTimes readProcess(int pid)
 {
     ProcessTimes result;
@@ -60,16 +70,12 @@ ProcessTimes readProcess(int pid)
     if (close != std::string::npos) {
         std::istringstream fields(content.substr(close + 2));
         std::string field;
-        long long utime = 0, stime = 0;
-        for (int i = 3; fields >> field; ++i) {
-            if (i == 14)
-                utime = std::stoll(field);
+        long long stime = 0;
+        for (int i = 3; fields >> field; ++i)
             if (i == 15) {
                 stime = std::stoll(field);
                 break;
             }
-        }
-        result.cpuSeconds = double(utime + stime) / double(sysconf(_SC_CLK_TCK));
         result.systemSeconds = double(stime) / double(sysconf(_SC_CLK_TCK));
     }
     // Wake-ups: context switches summed over all threads.
@@ -78,19 +84,14 @@ ProcessTimes readProcess(int pid)
         while (dirent *entry = readdir(dir)) {
             if (entry->d_name[0] == '.')
                 continue;
-            std::ifstream threadStat(taskDir + "/" + entry->d_name + "/stat");
-            const std::string text((std::istreambuf_iterator<char>(threadStat)), {});
-            const auto open = text.find('('), close = text.rfind(')');
-            if (open != std::string::npos && close != std::string::npos) {
-                std::istringstream fields(text.substr(close + 2));
-                std::string field;
-                long long ticks = 0;
-                for (int i = 3; fields >> field && i <= 15; ++i)
-                    if (i >= 14)
-                        ticks += std::stoll(field);
-                result.threadTicks[entry->d_name] = {text.substr(open + 1, close - open - 1),
-                                                     ticks};
-            }
+            // The scheduler's exact run time, where /proc/.../stat counts whole clock ticks.
+            const std::string thread = taskDir + "/" + entry->d_name;
+            std::ifstream comm(thread + "/comm"), schedstat(thread + "/schedstat");
+            std::string name;
+            long long nanoseconds = 0;
+            std::getline(comm, name);
+            if (schedstat >> nanoseconds)
+                result.threadRuntime[entry->d_name] = {name, nanoseconds};
             std::ifstream status(taskDir + "/" + entry->d_name + "/status");
             std::string line;
             while (std::getline(status, line))
@@ -173,6 +174,10 @@ struct DamageCount {
     long long events = 0;
     long long frames = 0;
     Clock::time_point last;
+    Clock::time_point frameStart;
+    // Time from one frame to the next: shorter than 10 ms (a key restarts the beat), 10 to
+    // 24 ms (the next frame on a 60 Hz beat), longer (a frame skipped, or nothing moved).
+    long long gaps[3] = {};
 };
 DamageCount damageCount;
 
@@ -186,8 +191,15 @@ bool waitForDamage(xcb_connection_t *c, uint8_t damageEvent, Clock::time_point d
             if (damage) {
                 const auto now = Clock::now();
                 ++damageCount.events;
-                if (now - damageCount.last > std::chrono::milliseconds(3))
+                if (now - damageCount.last > std::chrono::milliseconds(3)) {
+                    const auto gap = now - damageCount.frameStart;
+                    if (damageCount.frames > 0)
+                        ++damageCount.gaps[gap < std::chrono::milliseconds(10)   ? 0
+                                           : gap < std::chrono::milliseconds(24) ? 1
+                                                                                 : 2];
                     ++damageCount.frames;
+                    damageCount.frameStart = now;
+                }
                 damageCount.last = now;
                 return true;
             }
@@ -376,33 +388,43 @@ int main(int argc, char **argv)
     std::printf("latency, row already showing\t%s\n", latencyText(showing, 200).c_str());
     std::printf("latency, empty overlay\t%s\n", latencyText(empty, 20).c_str());
     std::printf("idle for %d s\t%.3f s CPU, %lld wake-ups\n", idleSeconds,
-                idleEnd.cpuSeconds - idleStart.cpuSeconds, wakeUps(idleStart, idleEnd));
+                runSeconds(idleStart, idleEnd), wakeUps(idleStart, idleEnd));
     std::printf("typing 15 keys/s for %d s\t%.3f s CPU (%.3f s in the kernel), %lld wake-ups\n",
-                seconds, typingStop.cpuSeconds - typingStart.cpuSeconds,
+                seconds, runSeconds(typingStart, typingStop),
                 typingStop.systemSeconds - typingStart.systemSeconds,
                 wakeUps(typingStart, typingStop));
-    // CPU by thread while typing, threads of one name summed.
-    std::map<std::string, long long> byName;
-    for (const auto &[thread, nameTicks] : typingStop.threadTicks) {
-        const auto before = typingStart.threadTicks.find(thread);
-        byName[nameTicks.first] +=
-            nameTicks.second -
-            (before == typingStart.threadTicks.end() ? 0 : before->second.second);
+    // CPU and wake-ups by thread while typing, threads of one name summed.
+    std::map<std::string, std::pair<long long, long long>> byName; // CPU ns, wake-ups
+    for (const auto &[thread, nameRuntime] : typingStop.threadRuntime) {
+        const auto before = typingStart.threadRuntime.find(thread);
+        const auto switches = typingStart.contextSwitches.find(thread);
+        auto &[runtime, wakes] = byName[nameRuntime.first];
+        runtime += nameRuntime.second -
+                   (before == typingStart.threadRuntime.end() ? 0 : before->second.second);
+        if (const auto now = typingStop.contextSwitches.find(thread);
+            now != typingStop.contextSwitches.end())
+            wakes += now->second -
+                     (switches == typingStart.contextSwitches.end() ? 0 : switches->second);
     }
     std::string threads;
-    for (const auto &[name, ticks] : byName)
-        if (ticks > 0)
-            threads += (threads.empty() ? "" : ", ") + name + " " +
-                       std::to_string(double(ticks) / double(sysconf(_SC_CLK_TCK))).substr(0, 4) +
-                       " s";
+    for (const auto &[name, runtimeWakes] : byName)
+        if (runtimeWakes.first > 0) {
+            char text[160];
+            std::snprintf(text, sizeof text, "%s%s %.3f s, %lld wake-ups",
+                          threads.empty() ? "" : "; ", name.c_str(),
+                          double(runtimeWakes.first) / 1e9, runtimeWakes.second);
+            threads += text;
+        }
     std::printf("typing: CPU by thread\t%s\n", threads.c_str());
     if (serverPid > 0)
-        std::printf("typing: X server CPU\t%.3f s\n",
-                    serverStop.cpuSeconds - serverStart.cpuSeconds);
+        std::printf("typing: X server CPU\t%.3f s\n", runSeconds(serverStart, serverStop));
     std::printf("frames drawn while typing\t%lld (%.0f a second), %.1f per shown key, %.1f "
                 "damage events per frame\n",
                 typed.frames, frameRate, shownKeys ? double(typed.frames) / shownKeys : 0.0,
                 typed.frames ? double(typed.events) / double(typed.frames) : 0.0);
+    std::printf("time between frames while typing\t%lld under 10 ms, %lld of 10-24 ms, %lld "
+                "longer\n",
+                typed.gaps[0], typed.gaps[1], typed.gaps[2]);
     std::printf("resident memory after typing\t%.1f MB\n", double(typingStop.rssKiB) / 1024.0);
     if (rssSamples.size() > 1)
         std::printf("resident memory while typing, every 10 s\tfirst %.1f MB, highest %.1f MB, "

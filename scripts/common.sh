@@ -10,7 +10,7 @@ BUILD_PACKAGES=(
     qt6-base-dev qt6-base-dev-tools qt6-svg-dev libgl-dev
     libxkbcommon-dev libxkbcommon-x11-dev xkb-data
     libxcb1-dev libxcb-xkb-dev libxcb-xinput-dev libxcb-xfixes0-dev libxcb-randr0-dev
-    libxcb-shape0-dev libxcb-render0-dev libxcb-damage0-dev libxcb-xtest0-dev
+    libxcb-shape0-dev libxcb-render0-dev libxcb-sync-dev libxcb-damage0-dev libxcb-xtest0-dev
     fonts-dejavu-core librsvg2-bin desktop-file-utils appstream
 )
 # A virtual display and the tools that drive it (tests read the screen through X itself).

@@ -69,16 +69,30 @@ class tst_X11KeyRowRenderer final : public QObject {
     Q_OBJECT
 
 private slots:
+    // Frames the server shows later end where the painter would, and a newer scene leaves
+    // nothing of the frames it replaced.
     void drawsAsThePainterDoes_data()
     {
         QTest::addColumn<bool>("opaque");
-        QTest::newRow("with a compositor: translucent caps") << false;
-        QTest::newRow("without one: opaque caps, window cut to them") << true;
+        QTest::addColumn<QPointF>("movingFrom");
+        QTest::addColumn<QPointF>("replacedBy");
+
+        const QPointF none(-1, -1);
+        const QPointF left(60.0, 60.0);
+        for (const bool opaque : {false, true}) {
+            const char *blending = opaque ? "without a compositor" : "with a compositor";
+            QTest::addRow("%s: a still cap", blending) << opaque << none << none;
+            QTest::addRow("%s: a cap that moves", blending) << opaque << left << none;
+            QTest::addRow("%s: a moving cap replaced by a still one", blending)
+                << opaque << capCenter << left;
+        }
     }
 
     void drawsAsThePainterDoes()
     {
         QFETCH(bool, opaque);
+        QFETCH(QPointF, movingFrom);
+        QFETCH(QPointF, replacedBy);
         QTemporaryDir dir;
         SettingsStore settings(dir.filePath(QStringLiteral("s.conf")));
         auto view =
@@ -97,22 +111,36 @@ private slots:
         window.show();
         QVERIFY(QTest::qWaitForWindowExposed(&window) || window.isVisible());
 
-        auto scene = std::make_shared<KeyRowScene>();
-        KeyMotion motion;
-        motion.placed = true;
-        motion.from = motion.to = capCenter;
-        scene->caps.push_back({view, motion});
-        scene->clock.start();
-        scene->opaque = opaque;
-        scene->rowOpacity = 0.9;
-        scene->windowSize = windowSize;
-        renderer->setScene(scene);
+        const auto sceneAt = [&](const QPointF &from, const QPointF &to) {
+            auto scene = std::make_shared<KeyRowScene>();
+            KeyMotion motion;
+            motion.placed = true;
+            motion.from = from.x() < 0 ? to : from;
+            motion.to = to;
+            motion.moveTiming = AnimationTiming::easeInOut(0.3);
+            scene->caps.push_back({view, motion});
+            scene->clock.start();
+            scene->opaque = opaque;
+            scene->rowOpacity = 0.9;
+            scene->windowSize = windowSize;
+            return scene;
+        };
+        // A moving cap is replaced before it arrives; the new scene is drawn at once, and the
+        // frames queued for the old one must not draw after it.
+        const bool replaced = replacedBy.x() >= 0;
+        renderer->setScene(sceneAt(movingFrom, replaced ? QPointF(260.0, 60.0) : capCenter));
+        QPointF end = capCenter;
+        if (replaced) {
+            QTest::qWait(50);
+            renderer->setScene(sceneAt(QPointF(-1, -1), replacedBy));
+            end = replacedBy;
+        }
 
         QImage expected(windowSize, QImage::Format_ARGB32_Premultiplied);
         expected.fill(Qt::transparent);
         {
             QPainter painter(&expected);
-            view->paint(painter, capCenter, 0.0, opaque ? 1.0 : 0.9);
+            view->paint(painter, end, 0.0, opaque ? 1.0 : 0.9);
         }
         xcb_connection_t *c = xcb_connect(nullptr, nullptr);
         const auto id = static_cast<xcb_window_t>(window.winId());
@@ -120,13 +148,19 @@ private slots:
             QTRY_COMPARE(windowShape(c, id), coveredRegion(expected));
             // Inside the shape, each pixel shows its colour whole.
             const QImage shown = windowImage(c, id);
-            const QPoint middle = capCenter.toPoint();
+            const QPoint middle = end.toPoint();
             QCOMPARE(shown.pixel(middle) | 0xff000000u,
                      qUnpremultiply(expected.pixel(middle)) | 0xff000000u);
         } else {
             QTRY_COMPARE(windowImage(c, id), expected);
             QVERIFY(windowShape(c, id).contains(QRect(QPoint(0, 0), windowSize)));
         }
+        // Still so once every queued frame has had its time.
+        QTest::qWait(400);
+        if (opaque)
+            QCOMPARE(windowShape(c, id), coveredRegion(expected));
+        else
+            QCOMPARE(windowImage(c, id), expected);
         xcb_disconnect(c);
     }
 };

@@ -23,8 +23,8 @@ class SettingsStore;
 // translucent window's transparent pixels as black, so the window's shape is cut to the caps
 // (following them as they come, go and move) and the caps are drawn opaque.
 //
-// Where the platform offers a renderer, it draws the row on a thread of its own and the window
-// never paints; otherwise the window paints the row itself, frame by frame.
+// Where the platform offers a renderer, it has the display server draw the row's frames at their
+// times and the window never paints; otherwise the window paints the row itself, frame by frame.
 //
 // The row is laid out over the display's available area, but the window covers only the band
 // where the row can be drawn: the server and a compositor touch, and the window's image holds,

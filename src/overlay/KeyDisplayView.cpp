@@ -393,9 +393,11 @@ void KeyDisplayView::publishFrame()
         const QSizeF size = item->view->size(m_frameTime);
         region += rect;
         // A cap drawn as before needs no repaint (one that changes repaints where it was too).
-        if (m_allDirty || rect != item->drawnRect || look.opacity != item->drawnOpacity ||
-            look.scale != item->drawnScale || size != item->drawnSize ||
-            item->view->isAnimating(m_frameTime)) {
+        // A renderer works the changes out itself.
+        if (!m_framesDrawnByRenderer &&
+            (m_allDirty || rect != item->drawnRect || look.opacity != item->drawnOpacity ||
+             look.scale != item->drawnScale || size != item->drawnSize ||
+             item->view->isAnimating(m_frameTime))) {
             dirty += item->drawnRect;
             dirty += rect;
         }

@@ -9,8 +9,8 @@
 class KeyView;
 
 // How one cap of the row comes, goes and moves: plain data with the times its animations
-// started, evaluated for any moment. The row's engine changes it; a renderer on another thread
-// evaluates copies of it frame by frame.
+// started, evaluated for any moment. The row's engine changes it; a renderer evaluates copies
+// of it for frames ahead of time.
 struct KeyMotion final {
     enum class Phase { inserting, shown, removing };
 

@@ -11,8 +11,9 @@
 
 class KeyView;
 
-// A key row as a renderer on another thread needs it: copies of the caps and of their motions,
-// the clock their times are on, and how the window shows them. Never changed once handed over.
+// A key row as a renderer needs it to work out frames ahead: copies of the caps and of their
+// motions, the clock their times are on, and how the window shows them. Never changed once
+// handed over.
 struct KeyRowScene final {
     struct Cap {
         std::shared_ptr<const KeyView> view;
