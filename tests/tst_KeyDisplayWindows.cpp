@@ -1,10 +1,13 @@
 // Which overlay windows the key manager keeps: one per enabled, connected display while
-// listening, reused across changes, none while stopped.
+// listening, reused across changes, none while stopped; and what a real overlay window asks of
+// its renderer.
 #include "FakeCaptureBackend.h"
 #include "FakeScreenList.h"
 
 #include "capture/KeyManager.h"
 #include "capture/KeyboardLayoutTranslator.h"
+#include "overlay/KeyDisplayOverlayWindowFactory.h"
+#include "overlay/KeyRowRenderer.h"
 #include "settings/DisplaySettingsStore.h"
 #include "settings/SettingsStore.h"
 
@@ -28,6 +31,16 @@ struct FakeWindowFactory final : KeyDisplayWindowFactory {
     {
         ++created;
         return std::make_unique<FakeWindow>();
+    }
+};
+
+struct FakeRenderer final : KeyRowRenderer {
+    int &warmUps;
+    explicit FakeRenderer(int &count) : warmUps(count) {}
+    void setScene(std::shared_ptr<const KeyRowScene>) override {}
+    void warmUp(const std::vector<std::shared_ptr<const KeyView>> &, double, bool, double) override
+    {
+        ++warmUps;
     }
 };
 
@@ -129,7 +142,19 @@ private slots:
         QVERIFY(listening(true));
         QCOMPARE(m_manager->keyDisplayWindows().size(), 2);
     }
+
+    // A window drawn through a renderer has it prepare sample caps before the first key.
+    void overlayWindowWarmsItsRendererUp()
+    {
+        KeyDisplayOverlayWindowFactory factory(*m_displays, *m_settings, nullptr);
+        factory.setKeyManager(m_manager.get());
+        int warmUps = 0;
+        factory.setRendererFactory(
+            [&warmUps](WId) { return std::make_unique<FakeRenderer>(warmUps); });
+        const auto overlay = factory.createWindow(left.id, left.geometry);
+        QTRY_COMPARE(warmUps, 1);
+    }
 };
 
-QTEST_GUILESS_MAIN(tst_KeyDisplayWindows)
+QTEST_MAIN(tst_KeyDisplayWindows)
 #include "tst_KeyDisplayWindows.moc"

@@ -57,7 +57,6 @@ KeyDisplayOverlayWindow::KeyDisplayOverlayWindow(quint32 displayID, KeyManager &
             &KeyDisplayOverlayWindow::onUpdateRequested);
     connect(m_view.get(), &KeyDisplayView::drawingAreaChanged, this,
             &KeyDisplayOverlayWindow::fitToDrawingArea);
-    QTimer::singleShot(0, this, &KeyDisplayOverlayWindow::warmUp);
 
     if (compositor)
         connect(compositor, &CompositorWatcher::compositingChanged, this,
@@ -66,6 +65,9 @@ KeyDisplayOverlayWindow::KeyDisplayOverlayWindow(quint32 displayID, KeyManager &
     m_view->setOpaque(!m_compositing);
     if (makeRenderer)
         m_renderer = makeRenderer(winId());
+    // Queued only now: making the native window delivers what was posted to this one before,
+    // and the warm-up must find the renderer.
+    QTimer::singleShot(0, this, &KeyDisplayOverlayWindow::warmUp);
     if (m_renderer) {
         m_view->setFramesDrawnByRenderer(true);
         connect(m_view.get(), &KeyDisplayView::sceneChanged, this,
