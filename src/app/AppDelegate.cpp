@@ -1,6 +1,6 @@
 #include "app/AppDelegate.h"
 
-#include "app/BuildConfig.h"
+#include "BuildConfig.h"
 
 #include <QDesktopServices>
 #include <QMessageBox>

@@ -1,7 +1,7 @@
 #include "app/Constants.h"
 
-#include "app/BuildConfig.h"
-#include "app/Utils.h"
+#include "BuildConfig.h"
+#include "ui/Utils.h"
 
 #include <QStringList>
 #include <QSysInfo>

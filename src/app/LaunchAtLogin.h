@@ -1,5 +1,7 @@
 #pragma once
 
+#include "ui/LoginItem.h"
+
 #include <QObject>
 #include <QString>
 
@@ -7,7 +9,7 @@
 // directory ($XDG_CONFIG_HOME/autostart/vantrel.desktop), made from the application menu's desktop
 // entry with Exec naming this program's absolute path. On means the entry exists and is not
 // hidden.
-class LaunchAtLogin final : public QObject {
+class LaunchAtLogin final : public QObject, public LoginItem {
     Q_OBJECT
 
 public:
@@ -16,10 +18,10 @@ public:
 
     static QString entryPath();
 
-    bool isEnabled() const;
+    bool isEnabled() const override;
     // Writes or removes the entry; emits enabledChanged when the state changes. Failures (an
     // unwritable directory) leave the state as it was.
-    void setEnabled(bool enabled);
+    void setEnabled(bool enabled) override;
 
 signals:
     void enabledChanged(bool enabled);

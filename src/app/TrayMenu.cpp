@@ -1,7 +1,7 @@
 #include "app/TrayMenu.h"
 
+#include "BuildConfig.h"
 #include "app/AppActions.h"
-#include "app/BuildConfig.h"
 #include "app/Constants.h"
 #include "settings/AppSettings.h"
 #include "settings/SettingsStore.h"

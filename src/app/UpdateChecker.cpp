@@ -1,6 +1,6 @@
 #include "app/UpdateChecker.h"
 
-#include "app/BuildConfig.h"
+#include "BuildConfig.h"
 
 #include <QNetworkAccessManager>
 #include <QNetworkReply>

@@ -1,7 +1,7 @@
 #include "overlay/KeyDisplayOverlayWindow.h"
 
-#include "capture/CompositorWatcher.h"
 #include "capture/KeyManager.h"
+#include "overlay/CompositorWatcher.h"
 #include "overlay/KeyDisplayView.h"
 #include "overlay/KeyRowRenderer.h"
 #include "overlay/KeyView.h"

@@ -1,9 +1,9 @@
 #include "ui/AboutSettingsView.h"
 
-#include "app/BuildConfig.h"
-#include "app/Utils.h"
+#include "BuildConfig.h"
 #include "ui/SettingsForm.h"
 #include "ui/Symbols.h"
+#include "ui/Utils.h"
 
 #include <QDesktopServices>
 #include <QFrame>

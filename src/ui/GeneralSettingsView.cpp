@@ -1,11 +1,11 @@
 #include "ui/GeneralSettingsView.h"
 
-#include "app/LaunchAtLogin.h"
 #include "capture/KeyManager.h"
 #include "settings/AppSettings.h"
 #include "settings/SettingsStore.h"
 #include "ui/AccessIndicatorView.h"
 #include "ui/InputMonitoringSheet.h"
+#include "ui/LoginItem.h"
 #include "ui/SettingsForm.h"
 #include "ui/Symbols.h"
 
@@ -49,8 +49,8 @@ QStringList observedKeys()
 } // namespace
 
 GeneralSettingsView::GeneralSettingsView(SettingsStore &store, KeyManager &keyManager,
-                                         LaunchAtLogin &launchAtLogin, QWidget *parent)
-    : QWidget(parent), m_store(store), m_keyManager(keyManager), m_launchAtLogin(launchAtLogin)
+                                         LoginItem &loginItem, QWidget *parent)
+    : QWidget(parent), m_store(store), m_keyManager(keyManager), m_loginItem(loginItem)
 {
     auto *form = new SettingsForm;
     buildAppSettings(*form);
@@ -65,10 +65,6 @@ GeneralSettingsView::GeneralSettingsView(SettingsStore &store, KeyManager &keyMa
     connect(&m_store, &SettingsStore::valueChanged, this, [this](const QString &key) {
         if (observedKeys().contains(key))
             refresh();
-    });
-    connect(&m_launchAtLogin, &LaunchAtLogin::enabledChanged, this, [this](bool enabled) {
-        const QSignalBlocker blocker(m_launchAtLoginToggle);
-        m_launchAtLoginToggle->setChecked(enabled);
     });
     connect(&m_keyManager, &KeyManager::hasInputMonitoringPermissionChanged, this,
             &GeneralSettingsView::refreshAccess);
@@ -107,12 +103,11 @@ void GeneralSettingsView::buildAppSettings(SettingsForm &form)
     m_launchAtLoginToggle = new QCheckBox;
     m_launchAtLoginToggle->setObjectName(QStringLiteral("launchAtLogin"));
     m_launchAtLoginToggle->setAccessibleName(QStringLiteral("Launch at Login"));
-    m_launchAtLoginToggle->setChecked(m_launchAtLogin.isEnabled());
+    refreshLoginItem();
     connect(m_launchAtLoginToggle, &QCheckBox::toggled, this, [this](bool checked) {
-        m_launchAtLogin.setEnabled(checked);
+        m_loginItem.setEnabled(checked);
         // A refused write leaves the entry as it was; show what is true.
-        const QSignalBlocker blocker(m_launchAtLoginToggle);
-        m_launchAtLoginToggle->setChecked(m_launchAtLogin.isEnabled());
+        refreshLoginItem();
     });
     form.addRow(section, QStringLiteral("Launch at Login"),
                 QStringLiteral("Start Vantrel automatically when you log in"),
@@ -263,7 +258,8 @@ void GeneralSettingsView::resetAllSettings()
     m_store.remove(AppSettings::showMouseClicks.name());
     AppSettings::resetAppearanceSettings(m_store);
     m_store.remove(AppSettings::menuBarIcon.name());
-    m_launchAtLogin.setEnabled(false);
+    m_loginItem.setEnabled(false);
+    refreshLoginItem();
 }
 
 void GeneralSettingsView::showInputMonitoringInfo()
@@ -278,8 +274,13 @@ void GeneralSettingsView::showEvent(QShowEvent *event)
 {
     QWidget::showEvent(event);
     // The login entry is a file that the user may have changed while the window was closed.
+    refreshLoginItem();
+}
+
+void GeneralSettingsView::refreshLoginItem()
+{
     const QSignalBlocker blocker(m_launchAtLoginToggle);
-    m_launchAtLoginToggle->setChecked(m_launchAtLogin.isEnabled());
+    m_launchAtLoginToggle->setChecked(m_loginItem.isEnabled());
 }
 
 void GeneralSettingsView::refresh()

@@ -9,7 +9,7 @@
 
 class AccessIndicatorView;
 class KeyManager;
-class LaunchAtLogin;
+class LoginItem;
 class QCheckBox;
 class QComboBox;
 class QSlider;
@@ -28,7 +28,7 @@ class GeneralSettingsView final : public QWidget {
     Q_OBJECT
 
 public:
-    GeneralSettingsView(SettingsStore &store, KeyManager &keyManager, LaunchAtLogin &launchAtLogin,
+    GeneralSettingsView(SettingsStore &store, KeyManager &keyManager, LoginItem &loginItem,
                         QWidget *parent = nullptr);
 
     // The slider works in half seconds: its integer value is twice the duration.
@@ -66,10 +66,12 @@ private:
     // Shows the stored values; the controls' own signals are blocked meanwhile.
     void refresh();
     void refreshAccess();
+    // Shows whether the login entry is on, as it is now.
+    void refreshLoginItem();
 
     SettingsStore &m_store;
     KeyManager &m_keyManager;
-    LaunchAtLogin &m_launchAtLogin;
+    LoginItem &m_loginItem;
 
     QCheckBox *m_launchAtLoginToggle = nullptr;
     QComboBox *m_menuBarIcon = nullptr;

@@ -1,7 +1,7 @@
 #include "ui/KeyShortcutsSettingsView.h"
 
 #include "shortcuts/GlobalShortcutNames.h"
-#include "shortcuts/KeyboardShortcutRecorder.h"
+#include "ui/KeyboardShortcutRecorder.h"
 #include "ui/SettingsForm.h"
 
 #include <QVBoxLayout>

@@ -28,7 +28,7 @@ QWidget *placeholder(const QString &text)
 } // namespace
 
 SettingsView::SettingsView(SettingsStore &store, KeyManager &keyManager,
-                           DisplaySettingsStore &displayStore, LaunchAtLogin &launchAtLogin,
+                           DisplaySettingsStore &displayStore, LoginItem &loginItem,
                            std::function<void(quint32)> openPositionCustomizer, QWidget *parent)
     : QWidget(parent, Qt::Window | Qt::WindowStaysOnTopHint), m_tabs(new QTabWidget)
 {
@@ -37,7 +37,7 @@ SettingsView::SettingsView(SettingsStore &store, KeyManager &keyManager,
 
     m_tabs->setDocumentMode(true);
     m_tabs->setIconSize(QSize(16, 16));
-    addTab(new GeneralSettingsView(store, keyManager, launchAtLogin), QStringLiteral("General"),
+    addTab(new GeneralSettingsView(store, keyManager, loginItem), QStringLiteral("General"),
            QStringLiteral("gear"));
     addTab(placeholder(QStringLiteral("Appearance settings are not available yet.")),
            QStringLiteral("Appearance"), QStringLiteral("paintbrush"));

@@ -6,7 +6,7 @@
 
 class DisplaySettingsStore;
 class KeyManager;
-class LaunchAtLogin;
+class LoginItem;
 class QScrollArea;
 class QTabWidget;
 class SettingsStore;
@@ -25,7 +25,7 @@ public:
 
     // `openPositionCustomizer` opens the drag-to-position overlay on the display of that id.
     SettingsView(SettingsStore &store, KeyManager &keyManager, DisplaySettingsStore &displayStore,
-                 LaunchAtLogin &launchAtLogin,
+                 LoginItem &loginItem,
                  std::function<void(quint32 displayID)> openPositionCustomizer,
                  QWidget *parent = nullptr);
 

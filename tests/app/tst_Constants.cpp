@@ -1,6 +1,6 @@
-#include "app/BuildConfig.h"
+#include "BuildConfig.h"
 #include "app/Constants.h"
-#include "app/Utils.h"
+#include "ui/Utils.h"
 
 #include <QSysInfo>
 #include <QTest>

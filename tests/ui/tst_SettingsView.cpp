@@ -1,12 +1,12 @@
 #include "FakeCaptureBackend.h"
 #include "FakeScreenList.h"
 
-#include "app/LaunchAtLogin.h"
 #include "capture/KeyManager.h"
 #include "capture/KeyboardLayoutTranslator.h"
 #include "platform/linux/XkbKeyboardLayoutSource.h"
 #include "settings/DisplaySettingsStore.h"
 #include "settings/SettingsStore.h"
+#include "ui/LoginItem.h"
 #include "ui/SettingsForm.h"
 #include "ui/SettingsView.h"
 
@@ -25,6 +25,16 @@
 #include <memory>
 
 // The settings window and its General tab over a temporary settings file.
+namespace {
+
+struct FakeLoginItem final : LoginItem {
+    bool isEnabled() const override { return enabled; }
+    void setEnabled(bool on) override { enabled = on; }
+    bool enabled = false;
+};
+
+} // namespace
+
 class tst_SettingsView final : public QObject {
     Q_OBJECT
 
@@ -35,7 +45,7 @@ class tst_SettingsView final : public QObject {
     std::unique_ptr<KeyManager> m_keyManager;
     FakeScreenList m_screens;
     std::unique_ptr<DisplaySettingsStore> m_displays;
-    LaunchAtLogin m_launchAtLogin{QStringLiteral("/usr/bin/vantrel")};
+    FakeLoginItem m_launchAtLogin;
     std::unique_ptr<SettingsView> m_view;
 
     // Sets a control of the General tab (named after its setting) as a user would.

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "capture/CompositorWatcher.h"
+#include "overlay/CompositorWatcher.h"
 
 #include <memory>
 

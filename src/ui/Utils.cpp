@@ -1,6 +1,6 @@
-#include "app/Utils.h"
+#include "ui/Utils.h"
 
-#include "app/BuildConfig.h"
+#include "BuildConfig.h"
 
 QString Utils::formatVersionAndBuild(const QString &version, const QString &buildNumber)
 {

@@ -1,8 +1,8 @@
 #include "FakeHotKeyGrabber.h"
 
 #include "settings/SettingsStore.h"
-#include "shortcuts/KeyboardShortcutRecorder.h"
 #include "shortcuts/KeyboardShortcuts.h"
+#include "ui/KeyboardShortcutRecorder.h"
 
 #include <QPushButton>
 #include <QTemporaryDir>

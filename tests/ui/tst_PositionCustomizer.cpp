@@ -2,10 +2,10 @@
 // what each way of finishing saves.
 #include "FakeScreenList.h"
 #include "settings/DisplaySettingsStore.h"
-#include "settings/PositionCustomizerHeader.h"
-#include "settings/PositionCustomizerView.h"
-#include "settings/PositionCustomizerWindowController.h"
 #include "settings/SettingsStore.h"
+#include "ui/PositionCustomizerHeader.h"
+#include "ui/PositionCustomizerView.h"
+#include "ui/PositionCustomizerWindowController.h"
 
 #include <QPushButton>
 #include <QSignalSpy>

@@ -1,4 +1,4 @@
-#include "settings/PositionCustomizerHeader.h"
+#include "ui/PositionCustomizerHeader.h"
 
 #include "ui/Symbols.h"
 

@@ -1,9 +1,9 @@
-#include "settings/PositionCustomizerWindowController.h"
+#include "ui/PositionCustomizerWindowController.h"
 
-#include "capture/CompositorWatcher.h"
+#include "overlay/CompositorWatcher.h"
 #include "settings/DisplaySettingsStore.h"
-#include "settings/PositionCustomizerView.h"
 #include "settings/ScreenList.h"
+#include "ui/PositionCustomizerView.h"
 
 #include <QGuiApplication>
 #include <QPointer>

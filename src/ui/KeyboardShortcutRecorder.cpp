@@ -1,4 +1,4 @@
-#include "shortcuts/KeyboardShortcutRecorder.h"
+#include "ui/KeyboardShortcutRecorder.h"
 
 #include "shortcuts/KeyboardShortcuts.h"
 #include "ui/Symbols.h"

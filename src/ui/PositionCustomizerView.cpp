@@ -1,12 +1,12 @@
-#include "settings/PositionCustomizerView.h"
+#include "ui/PositionCustomizerView.h"
 
 #include "capture/KeyPress.h"
 #include "overlay/KeyAppearance.h"
 #include "overlay/KeyCapsuleView.h"
 #include "settings/AppSettings.h"
 #include "settings/DisplaySettingsStore.h"
-#include "settings/PositionCustomizerHeader.h"
 #include "settings/SettingsStore.h"
+#include "ui/PositionCustomizerHeader.h"
 
 #include <QApplication>
 #include <QGraphicsOpacityEffect>
