@@ -238,6 +238,15 @@ void VantrelApp::registerGlobalShortcuts()
     };
     for (const auto &[name, action] : handlers)
         m_shortcuts->onKeyUp(name, [this, action = action] { (m_actions.get()->*action)(); });
+    // Said once; the Shortcuts tab shows it too, and tries again when it opens.
+    for (const GlobalShortcutNames::Entry &entry : GlobalShortcutNames::all())
+        if (m_shortcuts->isTakenByAnotherProgram(entry.name))
+            std::fprintf(stderr,
+                         "vantrel: the shortcut %s of \"%s\" is already used by another program; "
+                         "it does nothing until that program lets it go\n",
+                         qPrintable(m_shortcuts->shortcut(entry.name).toString(
+                             QKeySequence::PortableText)),
+                         qPrintable(entry.title));
 }
 
 void VantrelApp::showShortcutInMenu(const QString &name)

@@ -30,4 +30,7 @@ signals:
     void pressed(const QString &name);
     // Its key came up.
     void released(const QString &name);
+    // The keyboard map changed and the grabs held were made again; a combination refused
+    // before may be free now.
+    void keymapChanged();
 };

@@ -3,6 +3,8 @@
 #include "settings/SettingsStore.h"
 #include "shortcuts/HotKeyGrabber.h"
 
+#include <QScopeGuard>
+
 namespace {
 
 const QString keyPrefix = QStringLiteral("KeyboardShortcuts_");
@@ -60,6 +62,8 @@ KeyboardShortcuts::KeyboardShortcuts(SettingsStore &store, std::unique_ptr<HotKe
     if (m_grabber) {
         connect(m_grabber.get(), &HotKeyGrabber::pressed, this, &KeyboardShortcuts::handlePress);
         connect(m_grabber.get(), &HotKeyGrabber::released, this, &KeyboardShortcuts::handleRelease);
+        connect(m_grabber.get(), &HotKeyGrabber::keymapChanged, this,
+                &KeyboardShortcuts::retryTakenGrabs);
     }
 }
 
@@ -156,6 +160,12 @@ void KeyboardShortcuts::onKeyUp(const QString &name, std::function<void()> actio
     updateGrab(name);
 }
 
+void KeyboardShortcuts::retryTakenGrabs()
+{
+    for (const QString &name : QSet<QString>(m_takenNames))
+        updateGrab(name);
+}
+
 void KeyboardShortcuts::setRecorderActive(const QObject *recorder, bool active)
 {
     const bool wasActive = isRecorderActive();
@@ -182,7 +192,12 @@ void KeyboardShortcuts::updateGrab(const QString &name)
         return;
     const std::optional<QKeyCombination> wanted =
         wantsGrab(name) ? storedCombination(name) : std::nullopt;
-    m_takenNames.remove(name);
+    const bool wasTaken = m_takenNames.remove(name);
+    // Set last, once the grab has been tried.
+    const auto announce = qScopeGuard([this, &name, wasTaken] {
+        if (wasTaken != m_takenNames.contains(name))
+            emit takenStatusDidChange(name);
+    });
     const auto current = m_grabbed.constFind(name);
     if (current != m_grabbed.cend() && wanted == *current)
         return;

@@ -57,6 +57,8 @@ public:
     // Whether the grab of `name` failed because another program holds its combination (one
     // that took it while Vantrel was not running, say).
     bool isTakenByAnotherProgram(const QString &name) const { return m_takenNames.contains(name); }
+    // Tries again the grabs that another program held; done by itself after a keymap change.
+    void retryTakenGrabs();
 
     bool isRecorderActive() const { return !m_activeRecorders.isEmpty(); }
     // Recorders report here when they start and stop recording.
@@ -65,6 +67,8 @@ public:
 signals:
     void shortcutByNameDidChange(const QString &name);
     void recorderActiveStatusDidChange(bool active);
+    // Whether another program holds the combination of `name` changed.
+    void takenStatusDidChange(const QString &name);
 
 private:
     std::optional<QKeyCombination> storedCombination(const QString &name) const;

@@ -1,13 +1,14 @@
 #include "ui/KeyShortcutsSettingsView.h"
 
 #include "shortcuts/GlobalShortcutNames.h"
+#include "shortcuts/KeyboardShortcuts.h"
 #include "ui/KeyboardShortcutRecorder.h"
 #include "ui/SettingsForm.h"
 
 #include <QVBoxLayout>
 
 KeyShortcutsSettingsView::KeyShortcutsSettingsView(KeyboardShortcuts &shortcuts, QWidget *parent)
-    : QWidget(parent)
+    : QWidget(parent), m_shortcuts(shortcuts)
 {
     auto *form = new SettingsForm;
     QGroupBox *section = form->addSection(QStringLiteral("Global Shortcuts"));
@@ -17,6 +18,7 @@ KeyShortcutsSettingsView::KeyShortcutsSettingsView(KeyboardShortcuts &shortcuts,
         // Why a combination was refused shows under the row's title until the next attempt.
         connect(recorder, &KeyboardShortcutRecorder::messageChanged, row,
                 &SettingsRow::setDescription);
+        row->setDescription(recorder->message());
     }
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -29,4 +31,11 @@ KeyboardShortcutRecorder *KeyShortcutsSettingsView::recorder(const QString &name
         if (recorder->name() == name)
             return recorder;
     return nullptr;
+}
+
+void KeyShortcutsSettingsView::showEvent(QShowEvent *event)
+{
+    QWidget::showEvent(event);
+    // The program that held a combination may have let it go since.
+    m_shortcuts.retryTakenGrabs();
 }

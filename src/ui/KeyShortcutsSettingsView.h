@@ -15,4 +15,10 @@ public:
 
     // The recorder of `name`, or null.
     KeyboardShortcutRecorder *recorder(const QString &name) const;
+
+protected:
+    void showEvent(QShowEvent *event) override;
+
+private:
+    KeyboardShortcuts &m_shortcuts;
 };

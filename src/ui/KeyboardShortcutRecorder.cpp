@@ -53,11 +53,13 @@ KeyboardShortcutRecorder::KeyboardShortcutRecorder(KeyboardShortcuts &shortcuts,
     layout->addWidget(m_field);
     layout->addWidget(m_clear);
 
-    connect(&shortcuts, &KeyboardShortcuts::shortcutByNameDidChange, this, [this] {
-        // A refusal may no longer hold once any shortcut changed.
+    // A refusal may no longer hold once any shortcut changed, or another program let go.
+    const auto reconsider = [this] {
         setMessage({});
         updateField();
-    });
+    };
+    connect(&shortcuts, &KeyboardShortcuts::shortcutByNameDidChange, this, reconsider);
+    connect(&shortcuts, &KeyboardShortcuts::takenStatusDidChange, this, reconsider);
     changeEvent(nullptr);
     updateField();
 }

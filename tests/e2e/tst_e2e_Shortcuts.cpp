@@ -138,6 +138,29 @@ private slots:
             u"sh"_qs,
             {u"-c"_qs, u"test \"$(xdotool getwindowfocus getwindowname)\" = xmessage"_qs}));
     }
+
+    // A stored shortcut that another program holds when Vantrel starts is named once on stderr.
+    void shortcutTakenAtStartIsReported()
+    {
+        xcb_connection_t *other = xcb_connect(qPrintable(m_display->displayName()), nullptr);
+        const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(other)).data->root;
+        // Keycode 95 is F11 on the server's US keyboard; Vantrel also grabs the lock variants,
+        // so one taken variant is enough to refuse the whole combination.
+        xcb_grab_key(other, 0, root, XCB_MOD_MASK_CONTROL | XCB_MOD_MASK_SHIFT, 95,
+                     XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
+        xcb_flush(other);
+        SettingsStore(m_config->filePath(u"Vantrel/Vantrel.conf"_qs))
+            .setRawValue(u"KeyboardShortcuts_toggleMouseClicks"_qs, u"Ctrl+Shift+F11"_qs);
+        QProcess *vantrel = startProgram(QStringLiteral(VANTREL_BINARY), {});
+        QVERIFY(vantrel);
+        QVERIFY(waitForOutput(*vantrel, showing, 10000));
+        QByteArray errors;
+        QTRY_VERIFY2_WITH_TIMEOUT((errors += vantrel->readAllStandardError())
+                                      .contains("the shortcut Ctrl+Shift+F11 of \"Toggle Mouse "
+                                                "Clicks\" is already used by another program"),
+                                  errors.constData(), 5000);
+        xcb_disconnect(other);
+    }
 };
 
 QTEST_GUILESS_MAIN(tst_e2e_Shortcuts)

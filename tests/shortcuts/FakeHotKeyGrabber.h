@@ -26,4 +26,5 @@ public:
 
     void press(const QString &name) { emit pressed(name); }
     void lift(const QString &name) { emit released(name); }
+    void changeKeymap() { emit keymapChanged(); }
 };

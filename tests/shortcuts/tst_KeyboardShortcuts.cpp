@@ -123,6 +123,13 @@ private slots:
         m_store->setRawValue(KeyboardShortcuts::settingsKey(name), u"Ctrl+Alt+K"_qs);
         m_shortcuts->onKeyUp(name, [] {});
         QVERIFY(m_shortcuts->isTakenByAnotherProgram(name));
+        // Let go by the other program: taken again after the next keymap change.
+        QSignalSpy status(m_shortcuts.get(), &KeyboardShortcuts::takenStatusDidChange);
+        m_grabber->taken.clear();
+        m_grabber->changeKeymap();
+        QVERIFY(!m_shortcuts->isTakenByAnotherProgram(name));
+        QCOMPARE(m_grabber->grabs.value(name), ctrlAltK[0]);
+        QCOMPARE(status.count(), 1);
     }
 
     void setShortcut_data()

@@ -2,8 +2,11 @@
 
 #include "settings/SettingsStore.h"
 #include "shortcuts/KeyboardShortcuts.h"
+#include "ui/KeyShortcutsSettingsView.h"
 #include "ui/KeyboardShortcutRecorder.h"
+#include "ui/SettingsForm.h"
 
+#include <QLabel>
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
@@ -15,6 +18,7 @@ class tst_KeyboardShortcutRecorder final : public QObject {
     const QString m_name = u"toggleVantrel"_qs;
     QTemporaryDir m_dir;
     std::unique_ptr<SettingsStore> m_store;
+    FakeHotKeyGrabber *m_grabber = nullptr;
     std::unique_ptr<KeyboardShortcuts> m_shortcuts;
     std::unique_ptr<KeyboardShortcutRecorder> m_recorder;
 
@@ -26,6 +30,7 @@ private slots:
         m_store = std::make_unique<SettingsStore>(m_dir.filePath(u"Vantrel.conf"_qs));
         auto grabber = std::make_unique<FakeHotKeyGrabber>();
         grabber->taken.append(QKeyCombination(Qt::CTRL | Qt::ALT, Qt::Key_T));
+        m_grabber = grabber.get();
         m_shortcuts = std::make_unique<KeyboardShortcuts>(*m_store, std::move(grabber));
         m_shortcuts->setShortcut(m_name, QKeySequence(Qt::CTRL | Qt::ALT | Qt::Key_K));
         m_recorder = std::make_unique<KeyboardShortcutRecorder>(*m_shortcuts, m_name);
@@ -78,6 +83,26 @@ private slots:
         QTest::keyClick(m_recorder->field(), Qt::Key_T, Qt::ControlModifier | Qt::AltModifier);
         QCOMPARE(m_recorder->message(), u"Ctrl+Alt+T is already used by another program"_qs);
         QCOMPARE(m_recorder->text(), u"Ctrl+Alt+K"_qs);
+    }
+
+    // A stored shortcut that another program held at start says so in the tab, which tries the
+    // grab again each time it opens.
+    void tabShowsShortcutTakenAtStart()
+    {
+        const QString name = u"toggleMouseClicks"_qs;
+        m_store->setRawValue(KeyboardShortcuts::settingsKey(name), u"Ctrl+Alt+T"_qs);
+        m_shortcuts->onKeyUp(name, [] {});
+        KeyShortcutsSettingsView tab(*m_shortcuts);
+        const auto description = [&] {
+            return qobject_cast<SettingsRow *>(tab.recorder(name)->parentWidget())
+                ->descriptionLabel()
+                ->text();
+        };
+        QCOMPARE(description(), u"Ctrl+Alt+T is already used by another program"_qs);
+        m_grabber->taken.clear();
+        tab.show();
+        QCOMPARE(description(), QString());
+        QCOMPARE(m_grabber->grabs.value(name), QKeyCombination(Qt::CTRL | Qt::ALT, Qt::Key_T));
     }
 
     void clearButtonShowsPlaceholder()

@@ -112,8 +112,10 @@ X11HotKeyGrabber::X11HotKeyGrabber(xcb_connection_t *connection, xkb_context *co
     m_regrab.setSingleShot(true);
     m_regrab.setInterval(keymapSettleMs);
     connect(&m_regrab, &QTimer::timeout, this, [this] {
-        if (loadKeymap())
+        if (loadKeymap()) {
             regrabAll();
+            emit keymapChanged();
+        }
         // Events read during its round trips wait in xcb's queue.
         processEvents();
     });
