@@ -22,7 +22,6 @@ set(VANTREL_SYMBOL_FILES
     keyboard.svg
     paintbrush.svg
     plus.svg
-    questionmark.square.svg
     textformat.123.svg
     textformat.abc.dottedunderline.svg
     textformat.abc.svg

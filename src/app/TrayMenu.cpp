@@ -82,17 +82,29 @@ QAction *TrayMenu::action(const QString &shortcutName) const
 
 bool TrayMenu::eventFilter(QObject *watched, QEvent *event)
 {
-    if (watched != m_menu.get() || event->type() != QEvent::KeyPress)
+    const bool press = event->type() == QEvent::KeyPress;
+    if (watched != m_menu.get() || (!press && event->type() != QEvent::KeyRelease))
         return false;
-    const QKeySequence pressed(static_cast<QKeyEvent *>(event)->keyCombination());
-    for (QAction *row : m_menu->actions()) {
-        if (!row->shortcut().isEmpty() && row->shortcut() == pressed && row->isEnabled()) {
-            m_menu->hide();
-            row->trigger();
-            return true;
+    const auto &key = static_cast<const QKeyEvent &>(*event);
+    if (press) {
+        // As everywhere else, a row's shortcut runs when its key comes up: the press only
+        // picks the row.
+        const QKeySequence pressed(key.keyCombination());
+        for (QAction *row : m_menu->actions()) {
+            if (!row->shortcut().isEmpty() && row->shortcut() == pressed && row->isEnabled()) {
+                m_heldRow = row;
+                return true;
+            }
         }
+        return key.isAutoRepeat() && m_heldRow;
     }
-    return false;
+    if (!m_heldRow || key.isAutoRepeat() || key.key() != m_heldRow->shortcut()[0].key())
+        return false;
+    const QPointer<QAction> row = std::exchange(m_heldRow, nullptr);
+    m_menu->hide();
+    if (row)
+        row->trigger();
+    return true;
 }
 
 void TrayMenu::buildMenu()
@@ -175,14 +187,14 @@ QIcon TrayMenu::iconForName(const QString &name, const QPalette &palette)
     // colour, so the symbol reads on light and dark panels alike.
     const QColor tint = palette.color(QPalette::WindowText);
     const AppSettings::DefaultSettings &defaults = AppSettings::shared();
-    if (defaults.menuBarIconOptions.contains(name) && Symbols::exists(name)) {
-        QIcon icon = Symbols::icon(name, tint);
-        // Our own symbol is a mask: desktops that recolour symbolic icons may do so.
-        if (defaults.customMenuBarIconNames.contains(name))
-            icon.setIsMask(true);
-        if (!icon.isNull())
-            return icon;
-    }
-    const QIcon generic = Symbols::icon(QStringLiteral("questionmark.square"), tint);
-    return generic.isNull() ? drawnGenericIcon(tint) : generic;
+    // An unknown name shows the default, as the settings window's picker does.
+    const QString shown = defaults.menuBarIconOptions.contains(name) && Symbols::exists(name)
+                              ? name
+                              : AppSettings::menuBarIcon.defaultValue;
+    QIcon icon = Symbols::icon(shown, tint);
+    // Our own symbol is a mask: desktops that recolour symbolic icons may do so.
+    if (defaults.customMenuBarIconNames.contains(shown))
+        icon.setIsMask(true);
+    // The tray never shows an empty slot.
+    return icon.isNull() ? drawnGenericIcon(tint) : icon;
 }

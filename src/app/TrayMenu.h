@@ -3,6 +3,7 @@
 #include <QHash>
 #include <QIcon>
 #include <QObject>
+#include <QPointer>
 #include <QString>
 
 #include <memory>
@@ -32,7 +33,7 @@ public:
     QAction *action(const QString &shortcutName) const;
 
     // The tray icon for a `menuBarIcon` name, tinted to stand out from `palette`'s window colour.
-    // An unknown name, or a symbol not drawn, gives a generic icon.
+    // An unknown name gives the default icon.
     static QIcon iconForName(const QString &name, const QPalette &palette);
 
 signals:
@@ -53,4 +54,6 @@ private:
     std::unique_ptr<QMenu> m_menu;
     std::unique_ptr<QSystemTrayIcon> m_trayIcon;
     QHash<QString, QAction *> m_shortcutActions;
+    // The row whose shortcut is down while the menu is open; it runs on the key's release.
+    QPointer<QAction> m_heldRow;
 };

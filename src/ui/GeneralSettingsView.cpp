@@ -125,10 +125,13 @@ void GeneralSettingsView::buildAppSettings(SettingsForm &form)
         m_menuBarIcon->setItemData(index, name, Qt::ToolTipRole);
         m_menuBarIcon->setItemData(index, name, Qt::AccessibleTextRole);
     }
-    connect(m_menuBarIcon, &QComboBox::currentIndexChanged, this, [this](int index) {
+    const auto storeIcon = [this](int index) {
         if (index >= 0)
             m_store.setValue(AppSettings::menuBarIcon, m_menuBarIcon->itemData(index).toString());
-    });
+    };
+    connect(m_menuBarIcon, &QComboBox::currentIndexChanged, this, storeIcon);
+    // Also when the user picks the item already shown: the default, shown for an unknown name.
+    connect(m_menuBarIcon, &QComboBox::activated, this, storeIcon);
     form.addRow(section, QStringLiteral("Menu Bar Icon"),
                 QStringLiteral("Choose the icon for the menu bar"), m_menuBarIcon);
 

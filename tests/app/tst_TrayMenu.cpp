@@ -12,6 +12,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QMenu>
+#include <QSignalSpy>
 #include <QSystemTrayIcon>
 #include <QTemporaryDir>
 #include <QTest>
@@ -120,16 +121,37 @@ private slots:
     void everyIconNameGivesAnIcon_data()
     {
         QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("shown");
         for (const QString &name : AppSettings::shared().menuBarIconOptions)
-            QTest::newRow(qPrintable(name)) << name;
-        QTest::newRow("unknown") << QStringLiteral("no.such.symbol");
-        QTest::newRow("empty") << QString();
+            QTest::newRow(qPrintable(name)) << name << name;
+        // As the settings window's picker shows them.
+        QTest::newRow("unknown") << u"no.such.symbol"_qs << AppSettings::menuBarIcon.defaultValue;
+        QTest::newRow("empty") << QString() << AppSettings::menuBarIcon.defaultValue;
     }
     void everyIconNameGivesAnIcon()
     {
         QFETCH(QString, name);
+        QFETCH(QString, shown);
         m_store->setValue(AppSettings::menuBarIcon, name);
-        QVERIFY(!m_tray->trayIcon().icon().pixmap(22, 22).isNull());
+        const QImage image = m_tray->trayIcon().icon().pixmap(22, 22).toImage();
+        QVERIFY(!image.isNull());
+        QCOMPARE(image,
+                 TrayMenu::iconForName(shown, QApplication::palette()).pixmap(22, 22).toImage());
+    }
+
+    // An open menu has the keyboard: a row's shortcut runs on its key's release, as the global
+    // shortcut does everywhere else.
+    void shortcutInOpenMenuRunsOnRelease()
+    {
+        QAction *row = m_tray->action(u"toggleMouseClicks"_qs);
+        row->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_F11));
+        QSignalSpy triggered(row, &QAction::triggered);
+        m_tray->menu().popup({0, 0});
+        QTest::keyPress(&m_tray->menu(), Qt::Key_F11, Qt::ControlModifier | Qt::ShiftModifier);
+        QCOMPARE(triggered.count(), 0);
+        QTest::keyRelease(&m_tray->menu(), Qt::Key_F11, Qt::ControlModifier | Qt::ShiftModifier);
+        QCOMPARE(triggered.count(), 1);
+        QVERIFY(!m_tray->menu().isVisible());
     }
 };
 

@@ -147,6 +147,17 @@ private slots:
         QCOMPARE(state + (m_store->rawValue(key) == value ? "" : " rewritten"), shown);
     }
 
+    // The default shown for an unknown icon name can be picked, which stores it.
+    void iconPickerStoresTheDefaultShownForAnUnknownName()
+    {
+        m_store->setRawValue(u"menuBarIcon"_qs, u"nonsense"_qs);
+        auto *picker =
+            m_view->content(SettingsView::general)->findChild<QComboBox *>(u"menuBarIcon"_qs);
+        emit picker->activated(picker->currentIndex());
+        QCOMPARE(m_store->value(AppSettings::menuBarIcon), u"MenuBarIcon"_qs);
+        QCOMPARE(m_store->rawValue(u"menuBarIcon"_qs), std::optional<QVariant>(u"MenuBarIcon"_qs));
+    }
+
     void resetButtons_data()
     {
         QTest::addColumn<QString>("button");
