@@ -104,7 +104,8 @@ void SettingsView::showAndRaise()
         if (!screen)
             screen = QGuiApplication::primaryScreen();
         if (screen) {
-            adjustSize();
+            // As tall as allowed, not as tall as the first tab wants: the others are taller.
+            resize(windowWidth, qMin(maximumWindowHeight, screen->availableGeometry().height()));
             QRect frame(QPoint(), size());
             frame.moveCenter(screen->availableGeometry().center());
             move(frame.topLeft());

@@ -147,6 +147,14 @@ private slots:
         QCOMPARE(state + (m_store->rawValue(key) == value ? "" : " rewritten"), shown);
     }
 
+    // Every row of the General tab's sections within reach: 500 high on a screen that allows.
+    void opensAtFullHeight()
+    {
+        m_view->showAndRaise();
+        QCOMPARE(m_view->size(),
+                 QSize(SettingsView::windowWidth, SettingsView::maximumWindowHeight));
+    }
+
     // The default shown for an unknown icon name can be picked, which stores it.
     void iconPickerStoresTheDefaultShownForAnUnknownName()
     {
