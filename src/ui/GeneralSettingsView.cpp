@@ -3,9 +3,9 @@
 #include "capture/KeyManager.h"
 #include "settings/AppSettings.h"
 #include "settings/SettingsStore.h"
-#include "ui/AccessIndicatorView.h"
 #include "ui/InputMonitoringSheet.h"
 #include "ui/LoginItem.h"
+#include "ui/PermissionStatusView.h"
 #include "ui/SettingsForm.h"
 #include "ui/Symbols.h"
 
@@ -25,9 +25,6 @@
 #include <cmath>
 
 namespace {
-
-const QColor grantedColor(0x2e, 0xa0, 0x43);
-const QColor deniedColor(0xd9, 0x3a, 0x2b);
 
 QLabel *captionLabel(const QString &text)
 {
@@ -144,7 +141,7 @@ void GeneralSettingsView::buildAppSettings(SettingsForm &form)
     info->setToolTip(QStringLiteral("Input Monitoring Access Information"));
     info->setCursor(Qt::PointingHandCursor);
     connect(info, &QToolButton::clicked, this, &GeneralSettingsView::showInputMonitoringInfo);
-    m_access = new AccessIndicatorView(QString(), QString(), deniedColor);
+    m_access = new PermissionStatusView;
     auto *status = new QWidget;
     auto *statusLayout = new QHBoxLayout(status);
     statusLayout->setContentsMargins(0, 0, 0, 0);
@@ -317,13 +314,7 @@ void GeneralSettingsView::refresh()
 
 void GeneralSettingsView::refreshAccess()
 {
-    if (m_keyManager.hasInputMonitoringPermission()) {
-        m_access->setState(QStringLiteral("Granted"), QStringLiteral("checkmark.circle.fill"),
-                           grantedColor);
-        m_access->setToolTip(QString());
-    } else {
-        m_access->setState(QStringLiteral("Not Granted"), QStringLiteral("xmark.circle.fill"),
-                           deniedColor);
-        m_access->setToolTip(m_keyManager.inputMonitoringProblem());
-    }
+    const bool granted = m_keyManager.hasInputMonitoringPermission();
+    m_access->setGranted(granted);
+    m_access->setToolTip(granted ? QString() : m_keyManager.inputMonitoringProblem());
 }

@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-class AccessIndicatorView;
+class PermissionStatusView;
 class KeyManager;
 class LoginItem;
 class QCheckBox;
@@ -43,7 +43,7 @@ public:
 
     QSlider *durationSlider() const { return m_duration; }
     QSpinBox *maxKeysStepper() const { return m_maxKeys; }
-    AccessIndicatorView *accessIndicator() const { return m_access; }
+    PermissionStatusView *permissionStatus() const { return m_access; }
 
     // Asks "Reset All Settings?" and resets when the user confirms.
     void confirmResetAllSettings();
@@ -75,7 +75,7 @@ private:
 
     QCheckBox *m_launchAtLoginToggle = nullptr;
     QComboBox *m_menuBarIcon = nullptr;
-    AccessIndicatorView *m_access = nullptr;
+    PermissionStatusView *m_access = nullptr;
     SettingsRow *m_durationRow = nullptr;
     QSlider *m_duration = nullptr;
     SettingsRow *m_maxKeysRow = nullptr;

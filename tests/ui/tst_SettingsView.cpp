@@ -7,6 +7,7 @@
 #include "settings/DisplaySettingsStore.h"
 #include "settings/SettingsStore.h"
 #include "ui/LoginItem.h"
+#include "ui/PermissionStatusView.h"
 #include "ui/SettingsForm.h"
 #include "ui/SettingsView.h"
 
@@ -153,6 +154,30 @@ private slots:
         m_view->showAndRaise();
         QCOMPARE(m_view->size(),
                  QSize(SettingsView::windowWidth, SettingsView::maximumWindowHeight));
+    }
+
+    void permissionStatusIsSymbolThenText_data()
+    {
+        QTest::addColumn<bool>("granted");
+        QTest::addColumn<QString>("symbol");
+        QTest::addColumn<QString>("text");
+        QTest::newRow("granted") << true << u"checkmark.circle.fill"_qs << u"Granted"_qs;
+        QTest::newRow("not granted") << false << u"xmark.circle.fill"_qs << u"Not Granted"_qs;
+    }
+    void permissionStatusIsSymbolThenText()
+    {
+        QFETCH(bool, granted);
+        QFETCH(QString, symbol);
+        QFETCH(QString, text);
+        PermissionStatusView status;
+        status.setGranted(granted);
+        status.show();
+        const QList<QLabel *> parts = status.findChildren<QLabel *>();
+        QCOMPARE(parts.size(), 2);
+        QVERIFY(!parts[0]->pixmap().isNull());
+        QCOMPARE(parts[0]->geometry().right() + 1 + 4, parts[1]->geometry().left());
+        QCOMPARE(parts[1]->text(), text);
+        QCOMPARE(status.symbolName(), symbol);
     }
 
     // The default shown for an unknown icon name can be picked, which stores it.
