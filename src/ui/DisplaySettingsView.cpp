@@ -139,8 +139,8 @@ DisplaySettingsView::Row DisplaySettingsView::makeRow(const DisplayConfiguration
     auto *layout = new QHBoxLayout(row.widget);
     layout->setContentsMargins(0, 2, 0, 2);
     layout->addLayout(texts, 1);
-    layout->addWidget(row.edit, 0, Qt::AlignVCenter);
     layout->addWidget(row.position, 0, Qt::AlignVCenter);
+    layout->addWidget(row.edit, 0, Qt::AlignVCenter);
 
     const quint32 id = configuration.id;
     connect(row.toggle, &QCheckBox::toggled, this,

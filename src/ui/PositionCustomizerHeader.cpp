@@ -12,7 +12,7 @@
 
 namespace {
 constexpr double cornerRadius = 14.0;
-constexpr int symbolSize = 28;
+constexpr int symbolSize = 24;
 } // namespace
 
 PositionCustomizerHeader::PositionCustomizerHeader(QWidget *parent)

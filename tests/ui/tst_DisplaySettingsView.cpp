@@ -122,6 +122,9 @@ private slots:
                      .arg(m_customizerOpened.size())
                      .arg(int(row.edit->isVisible())),
                  result);
+        // "Edit" follows the position it edits.
+        if (row.edit->isVisible())
+            QVERIFY(row.edit->geometry().left() > row.position->geometry().right());
     }
 
     void rowsFollowScreens_data()
