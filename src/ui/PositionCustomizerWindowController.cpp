@@ -8,6 +8,7 @@
 #include <QGuiApplication>
 #include <QPointer>
 #include <QScreen>
+#include <QTimer>
 
 namespace {
 
@@ -16,6 +17,9 @@ PositionCustomizerWindowController *sharedController = nullptr;
 // Where a customizer opens when the display has no stored record.
 constexpr double defaultOffsetX = 0.5;
 constexpr double defaultOffsetY = 0.85;
+
+// Long enough for a closed menu to leave the screen and the windows under it to repaint.
+constexpr int captureDelayMs = 150;
 
 // The desktop under `area` as it is now, for painting dimmed where no compositor blends.
 QPixmap captureDesktop(const QRect &area)
@@ -89,14 +93,28 @@ void PositionCustomizerWindowController::showPositioningOverlay(quint32 displayI
     view->setWindowTitle(tr("Drag to Position"));
     const bool compositing = m_compositor && m_compositor->isCompositing();
     view->setCompositing(compositing);
-    // Taken before the window shows, so the capture has the desktop without it.
-    view->setBackdrop(captureDesktop(frame));
-    view->setGeometry(frame);
-    view->show();
-    view->setGeometry(frame);
-    view->raise();
-    view->activateWindow();
+    PositionCustomizerView &shown = *view;
     m_windows[displayID] = std::move(view);
+    if (compositing) {
+        present(shown, frame);
+        return;
+    }
+    // Without a compositor the window paints a capture of the desktop, taken before it shows.
+    // Not in this handler: the menu or list that asked for it is still on screen, and the
+    // windows under it repaint only after it has gone.
+    QTimer::singleShot(captureDelayMs, &shown, [&shown, frame] {
+        shown.setBackdrop(captureDesktop(frame));
+        present(shown, frame);
+    });
+}
+
+void PositionCustomizerWindowController::present(PositionCustomizerView &view, const QRect &frame)
+{
+    view.setGeometry(frame);
+    view.show();
+    view.setGeometry(frame);
+    view.raise();
+    view.activateWindow();
 }
 
 QWidget *PositionCustomizerWindowController::window(quint32 displayID) const

@@ -38,6 +38,7 @@ signals:
     void overlayClosed(quint32 displayID);
 
 private:
+    static void present(PositionCustomizerView &view, const QRect &frame);
     void dismiss(quint32 displayID);
     // Closes customizers of displays that went away and fits the others to their displays.
     void followScreens();

@@ -33,7 +33,10 @@ class tst_PositionCustomizer final : public QObject {
     PositionCustomizerView *open(quint32 id)
     {
         m_controller->showPositioningOverlay(id);
-        return qobject_cast<PositionCustomizerView *>(m_controller->window(id));
+        auto *view = qobject_cast<PositionCustomizerView *>(m_controller->window(id));
+        // Without a compositor it shows once the desktop has been captured.
+        QTest::qWaitFor([view] { return !view || view->isVisible(); });
+        return view;
     }
     DisplayConfiguration stored(quint32 id) const { return *m_displays->configuration(id); }
 
