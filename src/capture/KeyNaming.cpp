@@ -81,13 +81,8 @@ std::optional<QString> KeyNaming::sanitizeTranslatedCharacters(const QString &te
                                 : text.at(0).unicode();
     if (isControlCharacter(scalar))
         return std::nullopt;
-    if (isLetter(scalar)) {
-        // One key, one cap: a letter whose capital is spelled with several ("ß" → "SS") keeps
-        // its own form.
-        QString upper = text.toUpper();
-        return isSingleCharacter(upper) ? upper : text;
-    }
-    return text;
+    // A letter shows as its capital, spelled in full where it takes several ("ß" is "SS").
+    return isLetter(scalar) ? text.toUpper() : text;
 }
 
 std::optional<QString> KeyNaming::getSymbolicKeyName(int keyCode)

@@ -68,14 +68,21 @@ KeyCapsuleView::KeyCapsuleView(const KeyAppearanceSnapshot &style)
       })
 {}
 
+qreal KeyCapsuleView::exactFontSize(const KeyAppearanceSnapshot &style)
+{
+    return fontSize * style.sizeMultiplier;
+}
+
 QFont KeyCapsuleView::fontFor(const KeyAppearanceSnapshot &style)
 {
     // An unknown or empty family falls back to the default face through font matching.
     QFont font;
     if (!style.fontName.isEmpty())
         font.setFamilies({style.fontName});
-    // Pixel sizes keep the label independent of the device's logical dots per inch.
-    font.setPixelSize(std::max(1, static_cast<int>(std::lround(fontSize * style.sizeMultiplier))));
+    // Pixel sizes keep the label independent of the device's logical dots per inch. They are
+    // whole numbers: the next one up, scaled down to the exact size where the label is measured
+    // and drawn.
+    font.setPixelSize(std::max(1, static_cast<int>(std::ceil(exactFontSize(style)))));
     font.setWeight(QFont::Medium);
     return font;
 }
@@ -86,13 +93,15 @@ QSizeF KeyCapsuleView::textSizeFor(const KeyAppearanceSnapshot &style)
     // Kept in memory only, on the GUI thread, and never large.
     static QHash<QString, QSizeF> sizes;
     const QFont font = fontFor(style);
-    const QString key = font.key() + u'\n' + style.text;
+    const QString key =
+        font.key() + u'\n' + QString::number(exactFontSize(style)) + u'\n' + style.text;
     if (const auto it = sizes.constFind(key); it != sizes.constEnd())
         return *it;
     if (sizes.size() >= 512)
         sizes.clear();
     const QFontMetricsF metrics(font);
-    const QSizeF size(metrics.horizontalAdvance(style.text), metrics.height());
+    const qreal scale = exactFontSize(style) / font.pixelSize();
+    const QSizeF size(metrics.horizontalAdvance(style.text) * scale, metrics.height() * scale);
     sizes.insert(key, size);
     return size;
 }
@@ -137,9 +146,21 @@ QMarginsF KeyCapsuleView::visualMarginsFor(const KeyAppearanceSnapshot &style)
 void KeyCapsuleView::paintText(QPainter &painter, const QRectF &contentRect,
                                const KeyAppearanceSnapshot &style)
 {
-    painter.setFont(fontFor(style));
+    const QFont font = fontFor(style);
+    const qreal scale = exactFontSize(style) / font.pixelSize();
+    painter.setFont(font);
     painter.setPen(style.textColor);
-    painter.drawText(contentRect, Qt::AlignCenter | Qt::TextDontClip, style.text);
+    if (scale == 1.0) {
+        painter.drawText(contentRect, Qt::AlignCenter | Qt::TextDontClip, style.text);
+        return;
+    }
+    painter.save();
+    painter.translate(contentRect.center());
+    painter.scale(scale, scale);
+    const QSizeF unscaled = contentRect.size() / scale;
+    painter.drawText(QRectF(QPointF(-unscaled.width() / 2, -unscaled.height() / 2), unscaled),
+                     Qt::AlignCenter | Qt::TextDontClip, style.text);
+    painter.restore();
 }
 
 void KeyCapsuleView::paint(QPainter &painter, const QPointF &topLeft) const

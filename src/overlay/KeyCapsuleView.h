@@ -31,6 +31,8 @@ public:
     explicit KeyCapsuleView(const KeyAppearanceSnapshot &style);
 
     static QFont fontFor(const KeyAppearanceSnapshot &style);
+    // The label's size in pixels: 16 times the style's size multiplier.
+    static qreal exactFontSize(const KeyAppearanceSnapshot &style);
     static QSizeF textSizeFor(const KeyAppearanceSnapshot &style);
     static QSizeF frameSizeFor(const KeyAppearanceSnapshot &style, const QSizeF &contentSize);
     // The frame of a cap showing `style.text`.

@@ -97,7 +97,7 @@ private slots:
         row("us", "keypad decimal, Num Lock off", KeypadDecimal, 0, ".");
         row("de", "US Y position", Y, 0, "Z");
         row("de", "o umlaut", Semicolon, 0, "Ö");
-        row("de", "sharp s keeps its form", Minus, 0, "ß");
+        row("de", "sharp s as its capitals", Minus, 0, "SS");
         row("de", "AltGr+q is q, not @", Q, ModifierFlag::Option, "Q");
         row("de", "dead circumflex", Grave, 0, "^");
         row("de", "keypad decimal is a comma", KeypadDecimal, numLock, ",");

@@ -122,6 +122,23 @@ private slots:
         QCOMPARE(image.pixel(20 + half, y), qRgba(255, 255, 255, 255));
     }
 
+    // The label is 16 pixels times the size multiplier, not rounded to whole pixels (25.6 for
+    // the minimal look).
+    void labelSizeFollowsTheMultiplierExactly_data()
+    {
+        QTest::addColumn<double>("m");
+        QTest::newRow("1.6") << 1.6;
+        QTest::newRow("2.3") << 2.3;
+    }
+    void labelSizeFollowsTheMultiplierExactly()
+    {
+        QFETCH(double, m);
+        const QString text = QStringLiteral("WAVE WAVE");
+        const double ratio = KeyCapsuleView::textSizeFor(plainLook(text, m)).width() /
+                             KeyCapsuleView::textSizeFor(plainLook(text, 1.0)).width();
+        QVERIFY2(std::abs(ratio / m - 1.0) < 0.004, qPrintable(QString::number(ratio)));
+    }
+
     void effects_data()
     {
         QTest::addColumn<bool>("shadow");
