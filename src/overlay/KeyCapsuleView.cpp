@@ -66,7 +66,9 @@ KeyCapsuleView::KeyCapsuleView(const KeyAppearanceSnapshot &style)
     : KeyCapsuleView(style, textSizeFor(style), [style](QPainter &painter, const QRectF &rect) {
           paintText(painter, rect, style);
       })
-{}
+{
+    m_cacheKey = "t" + style.text.toUtf8();
+}
 
 qreal KeyCapsuleView::exactFontSize(const KeyAppearanceSnapshot &style)
 {
@@ -276,6 +278,13 @@ void KeyCapsuleView::drawScaled(QPainter &painter, const QPointF &position, cons
     painter.restore();
 }
 
+QRectF KeyCapsuleView::contentRect(const QRectF &frame) const
+{
+    return {frame.center().x() - m_contentSize.width() / 2.0,
+            frame.center().y() - m_contentSize.height() / 2.0, m_contentSize.width(),
+            m_contentSize.height()};
+}
+
 void KeyCapsuleView::paintLayers(QPainter &painter, const QRectF &frame,
                                  KeyEffectCache &effects) const
 {
@@ -290,18 +299,17 @@ void KeyCapsuleView::paintLayers(QPainter &painter, const QRectF &frame,
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
 
-    // Drop shadow of the cap and its border.
+    // The drop shadow falls from the cap, its border and its label. A label that is changing
+    // (named by no key) casts none until it settles.
     if (s.shadowEnabled && s.shadowColor.alpha() > 0) {
-        if (const auto *shadow = effects.shadow(s, frame.size(), dpr)) {
+        const auto paintContent = [this](QPainter &mask, const QRectF &at) {
+            mask.save();
+            m_content(mask, contentRect(at));
+            mask.restore();
+        };
+        if (const auto *shadow = effects.shadow(
+                s, frame.size(), dpr, m_content ? m_cacheKey : QByteArray(), paintContent))
             painter.drawImage(frame.topLeft() + shadow->offset, shadow->image);
-        } else if (m * s.shadowRadius <= 0.0) {
-            const QRectF silhouette =
-                frame.adjusted(-border / 2, -border / 2, border / 2, border / 2);
-            painter.fillPath(
-                ContinuousRoundedRect::path(silhouette.translated(0, m * s.shadowYOffset),
-                                            radius + border / 2),
-                s.shadowColor);
-        }
     }
 
     painter.fillPath(shape, s.backgroundColor);
@@ -309,11 +317,8 @@ void KeyCapsuleView::paintLayers(QPainter &painter, const QRectF &frame,
         painter.strokePath(shape, borderPen(s.borderColor, border));
 
     if (m_content) {
-        const QRectF contentRect(frame.center().x() - m_contentSize.width() / 2.0,
-                                 frame.center().y() - m_contentSize.height() / 2.0,
-                                 m_contentSize.width(), m_contentSize.height());
         painter.save();
-        m_content(painter, contentRect);
+        m_content(painter, contentRect(frame));
         painter.restore();
     }
 

@@ -69,6 +69,8 @@ public:
                                  KeyEffectCache *cache = nullptr, double opacity = 1.0) const;
 
 private:
+    // Where the content goes in `frame`: its own size, centred.
+    QRectF contentRect(const QRectF &frame) const;
     // Draws `image` under the painter's scaling, on whole device pixels, without smoothing.
     static void drawScaled(QPainter &painter, const QPointF &position, const QImage &image,
                            qreal dpr);

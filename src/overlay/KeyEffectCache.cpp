@@ -100,15 +100,18 @@ void KeyEffectCache::clear()
 }
 
 const KeyEffectCache::Effect *KeyEffectCache::shadow(const KeyAppearanceSnapshot &style,
-                                                     const QSizeF &frameSize, qreal dpr)
+                                                     const QSizeF &frameSize, qreal dpr,
+                                                     const QByteArray &contentKey,
+                                                     const ContentPainter &paintContent)
 {
     const double m = style.sizeMultiplier;
-    const double blurRadius = m * style.shadowRadius;
+    const double blurRadius = std::max(0.0, m * style.shadowRadius);
     const double border = std::max(0.0, m * style.borderWidth);
     const double fillAlpha = style.backgroundColor.alphaF();
     const double borderAlpha = border > 0.0 ? style.borderColor.alphaF() : 0.0;
-    if (!style.shadowEnabled || blurRadius <= 0.0 || style.shadowColor.alpha() == 0 ||
-        (fillAlpha <= 0.0 && borderAlpha <= 0.0) || frameSize.isEmpty())
+    const bool content = paintContent && !contentKey.isEmpty() && style.textColor.alpha() > 0;
+    if (!style.shadowEnabled || style.shadowColor.alpha() == 0 ||
+        (fillAlpha <= 0.0 && borderAlpha <= 0.0 && !content) || frameSize.isEmpty())
         return nullptr;
 
     QByteArray key("s");
@@ -116,6 +119,10 @@ const KeyEffectCache::Effect *KeyEffectCache::shadow(const KeyAppearanceSnapshot
                                fillAlpha, borderAlpha, blurRadius, style.shadowYOffset, dpr})
         appendNumber(key, value);
     appendColor(key, style.shadowColor);
+    if (content) {
+        appendColor(key, style.textColor);
+        key += style.fontName.toUtf8() + '\n' + contentKey;
+    }
     if (Effect *cached = m_cache.object(key))
         return cached;
 
@@ -124,6 +131,7 @@ const KeyEffectCache::Effect *KeyEffectCache::shadow(const KeyAppearanceSnapshot
     const QRectF frame(QPointF(pad, pad), frameSize);
     const QPainterPath shape = ContinuousRoundedRect::path(frame, m * style.cornerRadius);
 
+    // The silhouette of everything drawn beneath the glow: fill, border and label.
     QImage mask = alphaCanvas(frameSize + QSizeF(2 * pad, 2 * pad), dpr);
     {
         QPainter painter(&mask);
@@ -134,8 +142,11 @@ const KeyEffectCache::Effect *KeyEffectCache::shadow(const KeyAppearanceSnapshot
             painter.strokePath(shape,
                                QPen(QColor::fromRgbF(0, 0, 0, static_cast<float>(borderAlpha)),
                                     border, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin));
+        if (content)
+            paintContent(painter, frame);
     }
-    blurAlpha(mask, sigmaForRadius(blurRadius) * dpr);
+    if (blurRadius > 0.0)
+        blurAlpha(mask, sigmaForRadius(blurRadius) * dpr);
     QImage image = colorize(mask, style.shadowColor);
     if (style.backgroundColor.alpha() == 255) {
         // The opaque fill hides the shadow beneath it; cutting it out lets a half-transparent

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 #include "overlay/KeyAppearanceSnapshot.h"
 
 #include <QByteArray>
@@ -32,10 +34,15 @@ public:
     // The program's cache of the GUI thread.
     static KeyEffectCache &shared();
 
-    // The cap's drop shadow (including its offset), or nothing when it would be invisible or
-    // needs no blur (then the caller draws it directly). Where the cap's fill is opaque the
-    // shadow is cut away, since it could never show there.
-    const Effect *shadow(const KeyAppearanceSnapshot &style, const QSizeF &frameSize, qreal dpr);
+    // Paints a cap's content (its label) for a frame at the given place.
+    using ContentPainter = std::function<void(QPainter &painter, const QRectF &frame)>;
+
+    // The cap's drop shadow (including its offset), cast by its fill, border and the content
+    // that `paintContent` draws (`contentKey` names it), or nothing when it would be invisible.
+    // Where the cap's fill is opaque the shadow is cut away, since it could never show there.
+    const Effect *shadow(const KeyAppearanceSnapshot &style, const QSizeF &frameSize, qreal dpr,
+                         const QByteArray &contentKey = {},
+                         const ContentPainter &paintContent = {});
     // The cap's blurred glow ring at its opacity, or nothing when glow is off or unblurred.
     const Effect *glow(const KeyAppearanceSnapshot &style, const QSizeF &frameSize, qreal dpr);
 

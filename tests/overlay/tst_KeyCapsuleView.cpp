@@ -201,6 +201,30 @@ private slots:
             QVERIFY(alphaAt(92, 128) > alphaAt(92, 56));
     }
 
+    // A see-through cap still casts the shadow of its label.
+    void labelCastsTheShadow_data()
+    {
+        QTest::addColumn<double>("blur");
+        QTest::newRow("blurred") << 4.0;
+        QTest::newRow("sharp") << 0.0;
+    }
+    void labelCastsTheShadow()
+    {
+        QFETCH(double, blur);
+        KeyAppearanceSnapshot look = plainLook(QStringLiteral("K"), 2.0);
+        look.backgroundColor = Qt::transparent;
+        look.shadowEnabled = true;
+        look.shadowColor = Qt::blue;
+        look.shadowRadius = blur;
+        look.shadowYOffset = 3.0;
+        const QImage image = render(KeyCapsuleView(look), QPointF(60, 60), QSize(200, 200));
+        const QRect label = areaOf(image, isDark);
+        const QRect shadow =
+            areaOf(image, [](QRgb p) { return qAlpha(p) > 20 && qBlue(p) > qRed(p) + 60; });
+        QVERIFY(!label.isEmpty() && !shadow.isEmpty());
+        QVERIFY(shadow.bottom() > label.bottom() && shadow.bottom() < label.bottom() + 20);
+    }
+
     void mouseGlyph_data()
     {
         QTest::addColumn<double>("m");
