@@ -32,7 +32,8 @@ public:
     static std::shared_ptr<KeyboardLayoutSource> createKeyboardLayoutSource(QObject *owner);
     // The global input capture for KeyManager. `namingSource` is the layout that names keys (the
     // one from createKeyboardLayoutSource()); the capture keeps it on the keymap and group that
-    // each event was typed in, so a layout switch names the very next key.
+    // each event was typed in, so a layout switch names the very next key. Made on the main thread:
+    // it connects to the display here, and two threads must not connect at once.
     static std::unique_ptr<CaptureBackend>
     createCaptureBackend(const std::shared_ptr<KeyboardLayoutSource> &namingSource);
     // System-wide key grabs for KeyboardShortcuts; nothing when no display can be reached.

@@ -68,45 +68,46 @@ std::optional<QString> inputExtensionProblem(xcb_connection_t *connection)
 
 X11CaptureBackend::X11CaptureBackend(const QByteArray &displayName,
                                      std::shared_ptr<XkbKeyboardLayoutSource> namingSource)
-    : m_displayName(displayName), m_namingSource(std::move(namingSource)),
-      m_stopFd(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK))
-{}
+    : m_namingSource(std::move(namingSource)), m_stopFd(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK))
+{
+    // Not in the initializer list: the default initializers of the members it sets run later.
+    m_access = openConnection(displayName);
+}
 
 X11CaptureBackend::~X11CaptureBackend()
 {
     uninstall();
+    if (m_connection)
+        xcb_disconnect(m_connection);
     if (m_stopFd >= 0)
         close(m_stopFd);
 }
 
-QString X11CaptureBackend::displayText() const
+CaptureBackend::Access X11CaptureBackend::openConnection(const QByteArray &displayName)
 {
-    const QByteArray name = m_displayName.isEmpty() ? qgetenv("DISPLAY") : m_displayName;
-    return QString::fromLocal8Bit(name);
+    const QByteArray name = displayName.isEmpty() ? qgetenv("DISPLAY") : displayName;
+    if (name.isEmpty())
+        return {false, QStringLiteral("No X display is set (DISPLAY is empty); Vantrel needs an "
+                                      "X11 desktop.")};
+    m_connection = xcb_connect(name.constData(), nullptr);
+    if (xcb_connection_has_error(m_connection))
+        return {false, QStringLiteral("Vantrel cannot open the X display \"%1\".")
+                           .arg(QString::fromLocal8Bit(name))};
+    if (const std::optional<QString> problem = inputExtensionProblem(m_connection))
+        return {false, *problem};
+    m_inputOpcode = xcb_get_extension_data(m_connection, &xcb_input_id)->major_opcode;
+    return {true, {}};
 }
 
 CaptureBackend::Access X11CaptureBackend::checkAccess()
 {
-    const QByteArray name = m_displayName.isEmpty() ? qgetenv("DISPLAY") : m_displayName;
-    if (name.isEmpty())
-        return {false, QStringLiteral("No X display is set (DISPLAY is empty); Vantrel needs an "
-                                      "X11 desktop.")};
-    xcb_connection_t *connection = xcb_connect(name.constData(), nullptr);
-    std::optional<QString> problem;
-    if (xcb_connection_has_error(connection))
-        problem = QStringLiteral("Vantrel cannot open the X display \"%1\".").arg(displayText());
-    else
-        problem = inputExtensionProblem(connection);
-    xcb_disconnect(connection);
-    if (problem)
-        return {false, *problem};
-    return {true, {}};
+    return m_access;
 }
 
 CaptureBackend::Access X11CaptureBackend::requestAccess()
 {
     // X11 has nothing to ask for: access follows from a working display.
-    return checkAccess();
+    return m_access;
 }
 
 QStringList X11CaptureBackend::accessSteps() const
@@ -117,47 +118,48 @@ QStringList X11CaptureBackend::accessSteps() const
 
 bool X11CaptureBackend::install()
 {
-    if (m_connection)
+    if (m_installed)
         return true;
     // Named for profilers and the benchmark's CPU by thread.
     pthread_setname_np(pthread_self(), "KeyCapture");
-    if (m_stopFd < 0)
+    if (m_stopFd < 0 || !m_access.granted || xcb_connection_has_error(m_connection))
         return false;
-    m_connection =
-        xcb_connect(m_displayName.isEmpty() ? nullptr : m_displayName.constData(), nullptr);
-    bool ok = !xcb_connection_has_error(m_connection) && !inputExtensionProblem(m_connection);
-    if (ok) {
-        m_inputOpcode = xcb_get_extension_data(m_connection, &xcb_input_id)->major_opcode;
-        ok = xkb_x11_setup_xkb_extension(m_connection, XKB_X11_MIN_MAJOR_XKB_VERSION,
-                                         XKB_X11_MIN_MINOR_XKB_VERSION,
-                                         XKB_X11_SETUP_XKB_EXTENSION_NO_FLAGS, nullptr, nullptr,
-                                         &m_firstXkbEvent, nullptr) != 0;
-    }
+    bool ok = xkb_x11_setup_xkb_extension(m_connection, XKB_X11_MIN_MAJOR_XKB_VERSION,
+                                          XKB_X11_MIN_MINOR_XKB_VERSION,
+                                          XKB_X11_SETUP_XKB_EXTENSION_NO_FLAGS, nullptr, nullptr,
+                                          &m_firstXkbEvent, nullptr) != 0;
     if (ok) {
         m_deviceId = xkb_x11_get_core_keyboard_device_id(m_connection);
         m_context = xkb_context_new(XKB_CONTEXT_NO_FLAGS);
-        ok = m_deviceId >= 0 && m_context && selectXkbEvents() && loadKeymap() &&
-             selectInputEvents();
+        m_installed = m_deviceId >= 0 && m_context && selectXkbEvents(true) && loadKeymap() &&
+                      selectInputEvents(true);
     }
-    if (!ok) {
+    if (!m_installed) {
         uninstall();
         return false;
     }
     loadRepeatControls();
+    loadPointerMapping();
     return true;
 }
 
 void X11CaptureBackend::uninstall()
 {
+    if (m_deviceId >= 0 && !xcb_connection_has_error(m_connection)) {
+        // Keys typed while stopped must neither pile up nor show at the next start. The checked
+        // requests are round trips, so every event sent before them is queued now and dropped.
+        selectInputEvents(false);
+        selectXkbEvents(false);
+        while (xcb_generic_event_t *event = xcb_poll_for_event(m_connection))
+            std::free(event);
+    }
+    m_installed = false;
     xkb_state_unref(m_state);
     m_state = nullptr;
     xkb_keymap_unref(m_keymap);
     m_keymap = nullptr;
     xkb_context_unref(m_context);
     m_context = nullptr;
-    if (m_connection)
-        xcb_disconnect(m_connection);
-    m_connection = nullptr;
     m_deviceId = -1;
     m_flags = 0;
     m_group.reset();
@@ -172,7 +174,7 @@ void X11CaptureBackend::stop()
     [[maybe_unused]] const ssize_t written = write(m_stopFd, &one, sizeof one);
 }
 
-bool X11CaptureBackend::selectInputEvents()
+bool X11CaptureBackend::selectInputEvents(bool select)
 {
     struct {
         xcb_input_event_mask_t head;
@@ -180,14 +182,16 @@ bool X11CaptureBackend::selectInputEvents()
     } mask{};
     mask.head.deviceid = XCB_INPUT_DEVICE_ALL_MASTER;
     mask.head.mask_len = 1;
-    mask.mask = XCB_INPUT_XI_EVENT_MASK_RAW_KEY_PRESS | XCB_INPUT_XI_EVENT_MASK_RAW_KEY_RELEASE |
-                XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_PRESS;
+    if (select)
+        mask.mask = XCB_INPUT_XI_EVENT_MASK_RAW_KEY_PRESS |
+                    XCB_INPUT_XI_EVENT_MASK_RAW_KEY_RELEASE |
+                    XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_PRESS;
     const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(m_connection)).data->root;
     return requestSucceeded(m_connection,
                             xcb_input_xi_select_events_checked(m_connection, root, 1, &mask.head));
 }
 
-bool X11CaptureBackend::selectXkbEvents()
+bool X11CaptureBackend::selectXkbEvents(bool select)
 {
     constexpr quint16 events = XCB_XKB_EVENT_TYPE_NEW_KEYBOARD_NOTIFY |
                                XCB_XKB_EVENT_TYPE_MAP_NOTIFY | XCB_XKB_EVENT_TYPE_STATE_NOTIFY |
@@ -212,7 +216,8 @@ bool X11CaptureBackend::selectXkbEvents()
     details.ctrlDetails = controls;
     return requestSucceeded(
         m_connection, xcb_xkb_select_events_aux_checked(m_connection, quint16(m_deviceId), events,
-                                                        0, 0, mapParts, mapParts, &details));
+                                                        select ? 0 : events, 0, mapParts,
+                                                        select ? mapParts : 0, &details));
 }
 
 bool X11CaptureBackend::loadKeymap()
@@ -256,9 +261,20 @@ void X11CaptureBackend::loadRepeatControls()
         m_repeatingKey.reset();
 }
 
+void X11CaptureBackend::loadPointerMapping()
+{
+    const XcbReply<xcb_get_pointer_mapping_reply_t> reply(xcb_get_pointer_mapping_reply(
+        m_connection, xcb_get_pointer_mapping(m_connection), nullptr));
+    m_buttonMap.clear();
+    if (reply) {
+        const quint8 *map = xcb_get_pointer_mapping_map(reply.get());
+        m_buttonMap.assign(map, map + xcb_get_pointer_mapping_map_length(reply.get()));
+    }
+}
+
 CaptureBackend::RunResult X11CaptureBackend::run(CaptureEventHandler &handler)
 {
-    if (!m_connection)
+    if (!m_installed)
         return RunResult::ended;
     // The state was read at install time; report the modifiers already held then.
     stateDidChange(0, &handler);
@@ -301,6 +317,13 @@ void X11CaptureBackend::handleEvent(const xcb_generic_event_t *event, CaptureEve
         handleXkbEvent(event, handler);
         return;
     }
+    // The server sends this to every client, whatever it selected.
+    if (type == XCB_MAPPING_NOTIFY) {
+        if (reinterpret_cast<const xcb_mapping_notify_event_t *>(event)->request ==
+            XCB_MAPPING_POINTER)
+            loadPointerMapping();
+        return;
+    }
     if (type != XCB_GE_GENERIC)
         return;
     const auto *generic = reinterpret_cast<const xcb_ge_generic_event_t *>(event);
@@ -314,12 +337,16 @@ void X11CaptureBackend::handleEvent(const xcb_generic_event_t *event, CaptureEve
         break;
     }
     case XCB_INPUT_RAW_BUTTON_PRESS: {
-        const auto *raw = reinterpret_cast<const xcb_input_raw_button_press_event_t *>(event);
-        if (raw->detail != leftButton && raw->detail != rightButton)
+        const quint32 physical =
+            reinterpret_cast<const xcb_input_raw_button_press_event_t *>(event)->detail;
+        // Programs see the button through the pointer mapping (swapped for left-handed users).
+        const quint32 button =
+            physical >= 1 && physical <= m_buttonMap.size() ? m_buttonMap[physical - 1] : physical;
+        if (button != leftButton && button != rightButton)
             break;
         CaptureEvent click;
-        click.type = raw->detail == leftButton ? CaptureEvent::Type::leftMouseDown
-                                               : CaptureEvent::Type::rightMouseDown;
+        click.type = button == leftButton ? CaptureEvent::Type::leftMouseDown
+                                          : CaptureEvent::Type::rightMouseDown;
         click.flags = m_flags;
         handler.handleCaptureEvent(click);
         break;

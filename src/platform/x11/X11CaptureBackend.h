@@ -11,6 +11,7 @@
 #include <chrono>
 #include <memory>
 #include <optional>
+#include <vector>
 
 class XkbKeyboardLayoutSource;
 struct xkb_context;
@@ -22,6 +23,10 @@ struct xkb_state;
 // the XKB extension for the modifier state, the keymap and the key repeat controls. Runs on the
 // capture thread over a connection of its own, sleeping in poll() on that connection and on an
 // eventfd that stop() writes to.
+//
+// The connection is opened by the constructor, on the thread that makes the backend, and kept
+// for the backend's life: connecting reads libXau's one static buffer, so a connection made on
+// the capture thread would race with the main thread's own. Access is therefore decided then.
 class X11CaptureBackend final : public CaptureBackend {
 public:
     // `displayName` empty: $DISPLAY. `namingSource`, when given, is kept on the server's keymap
@@ -43,11 +48,12 @@ public:
 private:
     using Clock = std::chrono::steady_clock;
 
-    QString displayText() const;
-    bool selectInputEvents();
-    bool selectXkbEvents();
+    Access openConnection(const QByteArray &displayName);
+    bool selectInputEvents(bool select);
+    bool selectXkbEvents(bool select);
     bool loadKeymap();
     void loadRepeatControls();
+    void loadPointerMapping();
     void handleEvent(const xcb_generic_event_t *event, CaptureEventHandler &handler);
     void handleXkbEvent(const xcb_generic_event_t *event, CaptureEventHandler &handler);
     void handleRawKey(quint32 keycode, bool press, CaptureEventHandler &handler);
@@ -59,11 +65,12 @@ private:
     bool keyRepeats(quint32 keycode) const;
     QString eventCharacters(quint32 keycode) const;
 
-    const QByteArray m_displayName;
     const std::shared_ptr<XkbKeyboardLayoutSource> m_namingSource;
     int m_stopFd = -1;
 
     xcb_connection_t *m_connection = nullptr;
+    Access m_access;
+    bool m_installed = false;
     quint8 m_inputOpcode = 0;
     quint8 m_firstXkbEvent = 0;
     int m_deviceId = -1;
@@ -75,6 +82,10 @@ private:
 
     // Keys down now, by X keycode: a release of a key that is not down is ignored.
     std::bitset<256> m_pressed;
+
+    // The server's pointer mapping: the button programs see, by physical button (raw events
+    // carry the physical one); 0 for a disabled button.
+    std::vector<quint8> m_buttonMap;
 
     // Key repeat: the server's controls, and the key repeating now.
     bool m_repeatEnabled = false;
