@@ -13,7 +13,7 @@
 namespace {
 
 constexpr double keySizeStep = 0.1;
-constexpr double minimumKeySize = 1.0;
+// The shortcuts stop below the settings window's largest size.
 constexpr double maximumKeySize = 3.0;
 
 std::optional<quint32> mainScreenID(const ScreenList &screens)
@@ -53,6 +53,7 @@ void AppActions::increaseKeySize()
 void AppActions::decreaseKeySize()
 {
     const double size = m_settings.value(AppSettings::keySize);
+    const double minimumKeySize = AppSettings::keySize.range->minimum;
     if (size > minimumKeySize)
         m_settings.setValue(AppSettings::keySize, std::max(size - keySizeStep, minimumKeySize));
 }

@@ -122,8 +122,7 @@ void KeyDisplayOverlayWindow::warmUp()
 {
     // A one-character cap and a function key's wider one: the shadows and glows of the caps
     // shown most often are then cached before the first key.
-    const double opacity =
-        m_compositing ? std::clamp(m_settings.value(AppSettings::keyOpacity), 0.0, 1.0) : 1.0;
+    const double opacity = m_compositing ? m_settings.value(AppSettings::keyOpacity) : 1.0;
     std::vector<std::shared_ptr<const KeyView>> samples;
     for (const KeyPress &sample :
          {KeyPress{QUuid(), QStringLiteral("W"), 0, KeyCategory(KeyCategory::Kind::letter), 0.0},

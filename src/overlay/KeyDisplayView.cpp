@@ -564,5 +564,5 @@ void KeyDisplayView::paint(QPainter &painter, const QRect &exposed) const
 
 double KeyDisplayView::rowOpacity() const
 {
-    return m_opaque ? 1.0 : std::clamp(m_settings.value(AppSettings::keyOpacity), 0.0, 1.0);
+    return m_opaque ? 1.0 : m_settings.value(AppSettings::keyOpacity);
 }

@@ -55,11 +55,12 @@ public:
     // The values of a built-in style (settings/KeyStylePreset.h).
     static KeyStylePreset getStylePreset(KeyStyle style);
 
-    // ---- The settings table: key, type and built-in default of every setting. ----
+    // ---- The settings table: key, type and built-in default of every setting, and for numbers
+    // the range the settings window offers (stored values outside it read as its nearest end). ----
     static inline const Setting<bool> isVantrelEnabled{"isVantrelEnabled", true};
     static inline const Setting<KeyPosition> keyPosition{"keyPosition", KeyPosition::bottomCenter};
-    static inline const Setting<double> keyDisplayDuration{"keyDisplayDuration", 1.5};
-    static inline const Setting<int> keyMaxDisplayCount{"keyMaxDisplayCount", 4};
+    static inline const Setting<double> keyDisplayDuration{"keyDisplayDuration", 1.5, {0.5, 10.0}};
+    static inline const Setting<int> keyMaxDisplayCount{"keyMaxDisplayCount", 4, {1, 20}};
     static inline const Setting<QString> menuBarIcon{"menuBarIcon", QStringLiteral("MenuBarIcon")};
     static inline const Setting<bool> showAllKeys{"showAllKeys", false};
     static inline const Setting<bool> showModifierKeys{"showModifierKeys", true};
@@ -67,10 +68,10 @@ public:
     static inline const Setting<bool> showSpecialKeys{"showSpecialKeys", true};
     static inline const Setting<bool> showMouseClicks{"showMouseClicks", false};
     static inline const Setting<KeyStyle> keyStyle{"keyStyle", KeyStyle::modern};
-    static inline const Setting<double> keySize{"keySize", 2.0};
-    static inline const Setting<double> keySpacing{"keySpacing", 20.0};
-    static inline const Setting<double> keyCornerRadius{"keyCornerRadius", 12.0};
-    static inline const Setting<double> keyOpacity{"keyOpacity", 0.9};
+    static inline const Setting<double> keySize{"keySize", 2.0, {1.0, 10.0}};
+    static inline const Setting<double> keySpacing{"keySpacing", 20.0, {0.0, 40.0}};
+    static inline const Setting<double> keyCornerRadius{"keyCornerRadius", 12.0, {0.0, 25.0}};
+    static inline const Setting<double> keyOpacity{"keyOpacity", 0.9, {0.1, 1.0}};
     static inline const Setting<KeyAnimationStyle> keyAnimationStyle{"keyAnimationStyle",
                                                                      KeyAnimationStyle::fadeIn};
     static inline const Setting<QString> keyFont{"keyFont", QStringLiteral("SF Pro Display")};
@@ -79,14 +80,14 @@ public:
                                                             QStringLiteral("#ffffffff")};
     static inline const Setting<QString> keyBorderColor{"keyBorderColor",
                                                         QStringLiteral("#ccccccff")};
-    static inline const Setting<double> keyBorderWidth{"keyBorderWidth", 1.0};
+    static inline const Setting<double> keyBorderWidth{"keyBorderWidth", 1.0, {0.0, 5.0}};
     static inline const Setting<bool> keyShadowEnabled{"keyShadowEnabled", true};
-    static inline const Setting<double> keyShadowRadius{"keyShadowRadius", 4.0};
+    static inline const Setting<double> keyShadowRadius{"keyShadowRadius", 4.0, {0.0, 15.0}};
     static inline const Setting<QString> keyShadowColor{"keyShadowColor",
                                                         QStringLiteral("#00000040")};
     static inline const Setting<bool> keyGlowEnabled{"keyGlowEnabled", false};
     static inline const Setting<QString> keyGlowColor{"keyGlowColor", QStringLiteral("#007AFFff")};
-    static inline const Setting<double> keyGlowRadius{"keyGlowRadius", 8.0};
+    static inline const Setting<double> keyGlowRadius{"keyGlowRadius", 8.0, {0.0, 20.0}};
     static inline const Setting<QString> selectedCustomPresetID{"selectedCustomPresetID",
                                                                 QString()};
     // JSON arrays; absent by default.
@@ -156,6 +157,13 @@ template <typename Enum> struct EnumSettingCodec {
         return AppSettings::fromRawValue<Enum>(value.toString());
     }
     static QVariant encode(Enum value) { return AppSettings::rawValue(value); }
+    static QString expected()
+    {
+        QStringList names;
+        for (const Enum value : AppSettings::allCases<Enum>())
+            names.append(AppSettings::rawValue(value));
+        return QStringLiteral("one of ") + names.join(QStringLiteral(", "));
+    }
 };
 template <> struct SettingCodec<AppSettings::KeyStyle> : EnumSettingCodec<AppSettings::KeyStyle> {};
 template <>

@@ -58,11 +58,9 @@ std::optional<QList<CustomKeyStylePreset>> CustomKeyStylePresetStore::decode(con
 
 void CustomKeyStylePresetStore::loadPresets()
 {
-    if (!m_settings.contains(presetsKey()))
-        return;
     // Anything that does not read in full leaves the list empty; the data stays untouched.
-    m_presets = decode(m_settings.value(AppSettings::customKeyStylePresets))
-                    .value_or(QList<CustomKeyStylePreset>());
+    m_presets =
+        JsonArray::load<CustomKeyStylePreset>(m_settings, AppSettings::customKeyStylePresets);
 }
 
 void CustomKeyStylePresetStore::persistPresets()

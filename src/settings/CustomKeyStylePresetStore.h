@@ -17,7 +17,8 @@ class SettingsStore;
 // and removal. Names need not be unique. Main thread only.
 //
 // Stored data that does not read back in full (bad JSON, one entry missing a value) gives an
-// empty list; the data stays as it is until the next save replaces it.
+// empty list and is reported; the data stays as it is until the next save replaces it, and the
+// settings store keeps a copy of the file then.
 class CustomKeyStylePresetStore final : public QObject {
     Q_OBJECT
 

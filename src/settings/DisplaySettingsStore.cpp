@@ -81,22 +81,17 @@ void DisplaySettingsStore::stopOnDuplicateDisplay(quint32 displayID) const
 
 void DisplaySettingsStore::loadConfigurations()
 {
-    if (m_settings.contains(userDefaultsKey())) {
-        // Unreadable data is treated as absent; the next save replaces it.
-        if (const auto decoded = decode(m_settings.value(AppSettings::displayConfigurations))) {
-            QMap<quint32, DisplayConfiguration> byID;
-            for (const DisplayConfiguration &c : *decoded) {
-                // The stored list is trusted to be unique; a duplicate means it was not written
-                // by this program, and guessing which record wins could lose settings silently.
-                if (byID.contains(c.id))
-                    stopOnDuplicateDisplay(c.id);
-                byID.insert(c.id, c);
-            }
-            m_persistedConfigurationsByID = byID;
-        }
-    } else {
-        m_persistedConfigurationsByID.clear();
+    // Unreadable data is treated as absent; the next save replaces it (the store keeps a copy).
+    QMap<quint32, DisplayConfiguration> byID;
+    for (const DisplayConfiguration &c :
+         JsonArray::load<DisplayConfiguration>(m_settings, AppSettings::displayConfigurations)) {
+        // The stored list is trusted to be unique; a duplicate means it was not written by this
+        // program, and guessing which record wins could lose settings silently.
+        if (byID.contains(c.id))
+            stopOnDuplicateDisplay(c.id);
+        byID.insert(c.id, c);
     }
+    m_persistedConfigurationsByID = byID;
     syncWithConnectedScreens();
 }
 

@@ -4,11 +4,15 @@
 #include <QString>
 #include <QVariant>
 
+#include <algorithm>
 #include <cmath>
 #include <optional>
+#include <type_traits>
+#include <utility>
 
 // How a value of type T is kept in the settings store. Decoding is strict: a value of another
 // type yields nothing, so that the reader falls back to the setting's built-in default.
+// `expected()` names the kind of value for messages about stored values that do not read.
 template <typename T> struct SettingCodec;
 
 template <> struct SettingCodec<bool> {
@@ -24,6 +28,7 @@ template <> struct SettingCodec<bool> {
         return std::nullopt;
     }
     static QVariant encode(bool value) { return value; }
+    static QString expected() { return QStringLiteral("true or false"); }
 };
 
 template <> struct SettingCodec<double> {
@@ -38,6 +43,7 @@ template <> struct SettingCodec<double> {
         return result;
     }
     static QVariant encode(double value) { return value; }
+    static QString expected() { return QStringLiteral("a number"); }
 };
 
 template <> struct SettingCodec<int> {
@@ -52,6 +58,7 @@ template <> struct SettingCodec<int> {
         return result;
     }
     static QVariant encode(int value) { return value; }
+    static QString expected() { return QStringLiteral("a whole number"); }
 };
 
 template <> struct SettingCodec<QString> {
@@ -62,6 +69,7 @@ template <> struct SettingCodec<QString> {
         return value.toString();
     }
     static QVariant encode(const QString &value) { return value; }
+    static QString expected() { return QStringLiteral("text"); }
 };
 
 template <> struct SettingCodec<QByteArray> {
@@ -74,13 +82,36 @@ template <> struct SettingCodec<QByteArray> {
         return std::nullopt;
     }
     static QVariant encode(const QByteArray &value) { return value; }
+    static QString expected() { return QStringLiteral("text"); }
 };
 
-// One setting: its key in the store and its built-in default. Every setting of the program is
-// declared once as such a constant (see AppSettings.h); readers never name a default themselves.
+// One setting: its key in the store, its built-in default and, for numbers, the range the
+// settings window offers. Every setting of the program is declared once as such a constant (see
+// AppSettings.h); readers never name a default or a range themselves.
 template <typename T> struct Setting {
+    // Both ends included.
+    struct Range {
+        T minimum;
+        T maximum;
+    };
+
     const char *key;
     T defaultValue;
+    std::optional<Range> range;
+
+    Setting(const char *settingKey, T settingDefault)
+        : key(settingKey), defaultValue(std::move(settingDefault))
+    {}
+    Setting(const char *settingKey, T settingDefault,
+            Range settingRange) requires std::is_arithmetic_v<T>
+        : key(settingKey), defaultValue(std::move(settingDefault)), range(settingRange)
+    {}
 
     QString name() const { return QString::fromLatin1(key); }
+
+    // The value itself, or the nearest end of the range.
+    T clamped(T value) const requires std::is_arithmetic_v<T>
+    {
+        return range ? std::clamp(value, range->minimum, range->maximum) : value;
+    }
 };

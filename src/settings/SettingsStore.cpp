@@ -3,8 +3,10 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QMutexLocker>
 #include <QSettings>
 #include <QStandardPaths>
+#include <QtGlobal>
 
 #include <algorithm>
 #include <cstdio>
@@ -95,6 +97,24 @@ std::pair<QString, QString> sectionAndName(const QString &key)
     return {key.left(slash), name.replace(QLatin1Char('/'), QLatin1Char('\\'))};
 }
 
+// A whole new file replaces the old one at once, so a crash never leaves half a file.
+bool writeWhole(const QString &path, const QByteArray &text)
+{
+    QDir().mkpath(QFileInfo(path).absolutePath());
+    const QString temporary = path + QStringLiteral(".new");
+    QFile file(temporary);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate) || file.write(text) != text.size()) {
+        file.remove();
+        return false;
+    }
+    file.close();
+    if (std::rename(QFile::encodeName(temporary).constData(),
+                    QFile::encodeName(path).constData()) == 0)
+        return true;
+    QFile::remove(temporary);
+    return false;
+}
+
 } // namespace
 
 SettingsStore::SettingsStore(const QString &filePath, QObject *parent)
@@ -178,6 +198,7 @@ void SettingsStore::setRawValue(const QString &key, const QVariant &value)
         QWriteLocker locker(&m_lock);
         m_values.insert(key, value);
     }
+    keepFileBeforeReplacing(key);
     writeToFile();
     emit valueChanged(key);
 }
@@ -189,6 +210,7 @@ void SettingsStore::remove(const QString &key)
         if (m_values.remove(key) == 0)
             return;
     }
+    keepFileBeforeReplacing(key);
     writeToFile();
     emit valueChanged(key);
 }
@@ -212,16 +234,49 @@ void SettingsStore::writeToFile()
         if (section != u"General")
             text += "\n[" + section.toUtf8() + "]\n" + lines;
 
-    // A whole new file replaces the old one at once, so a crash never leaves half a file.
-    QDir().mkpath(QFileInfo(m_filePath).absolutePath());
-    const QString temporary = m_filePath + QStringLiteral(".new");
-    QFile file(temporary);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate) || file.write(text) != text.size()) {
-        file.remove();
-        return;
+    writeWhole(m_filePath, text);
+}
+
+void SettingsStore::reportUnreadable(const QString &key, const QString &problem)
+{
+    {
+        const QMutexLocker locker(&m_reportLock);
+        m_unreadableKeys.insert(key);
     }
-    file.close();
-    if (std::rename(QFile::encodeName(temporary).constData(),
-                    QFile::encodeName(m_filePath).constData()) != 0)
-        QFile::remove(temporary);
+    if (claimReport(key))
+        report(key + QLatin1Char(' ') + problem + QStringLiteral("; ignoring it"));
+}
+
+void SettingsStore::keepFileBeforeReplacing(const QString &key)
+{
+    {
+        const QMutexLocker locker(&m_reportLock);
+        if (!m_unreadableKeys.remove(key) || m_keptFile)
+            return;
+        m_keptFile = true;
+    }
+    // One copy per run, taken before the first replacement: later writes keep every other
+    // unreadable value as it stood, so this copy holds them all.
+    const QString copyPath = m_filePath + QStringLiteral(".bak");
+    QFile file(m_filePath);
+    if (file.open(QIODevice::ReadOnly) && writeWhole(copyPath, file.readAll()))
+        report(
+            QStringLiteral("kept the file as it was in %1 before replacing %2").arg(copyPath, key));
+    else
+        report(QStringLiteral("could not keep the file as it was in %1; replacing %2 all the same")
+                   .arg(copyPath, key));
+}
+
+bool SettingsStore::claimReport(const QString &key) const
+{
+    const QMutexLocker locker(&m_reportLock);
+    if (m_reportedKeys.contains(key))
+        return false;
+    m_reportedKeys.insert(key);
+    return true;
+}
+
+void SettingsStore::report(const QString &message) const
+{
+    qWarning("vantrel: %s: %s", qUtf8Printable(m_filePath), qUtf8Printable(message));
 }

@@ -24,13 +24,11 @@
 
 #include <cmath>
 
-// A slider over a setting: QSlider counts in integers, so the value is kept in
+// A slider over a setting's range: QSlider counts in integers, so the value is kept in
 // `unitsPerValue` steps per unit (100 for the size's continuous 0.01 steps, 2 for half pixels).
 struct AppearanceSettingsView::SliderSpec {
     const Setting<double> *setting;
     const char *title;
-    double minimum;
-    double maximum;
     int unitsPerValue;
     int decimals;
     const char *suffix;
@@ -39,20 +37,16 @@ struct AppearanceSettingsView::SliderSpec {
 namespace {
 
 const std::array basicSliders{
-    AppearanceSettingsView::SliderSpec{&AppSettings::keySize, "Size", 1.0, 10.0, 100, 1, "x"},
-    AppearanceSettingsView::SliderSpec{&AppSettings::keySpacing, "Spacing", 0.0, 40.0, 10, 0, "px"},
-    AppearanceSettingsView::SliderSpec{&AppSettings::keyOpacity, "Opacity", 0.1, 1.0, 10, 1, ""},
+    AppearanceSettingsView::SliderSpec{&AppSettings::keySize, "Size", 100, 1, "x"},
+    AppearanceSettingsView::SliderSpec{&AppSettings::keySpacing, "Spacing", 10, 0, "px"},
+    AppearanceSettingsView::SliderSpec{&AppSettings::keyOpacity, "Opacity", 10, 1, ""},
 };
 
 const std::array effectSliders{
-    AppearanceSettingsView::SliderSpec{&AppSettings::keyCornerRadius, "Corner Radius", 0.0, 25.0, 1,
-                                       0, "px"},
-    AppearanceSettingsView::SliderSpec{&AppSettings::keyBorderWidth, "Border Width", 0.0, 5.0, 2, 1,
-                                       "px"},
-    AppearanceSettingsView::SliderSpec{&AppSettings::keyShadowRadius, "Shadow Radius", 0.0, 15.0, 1,
-                                       0, "px"},
-    AppearanceSettingsView::SliderSpec{&AppSettings::keyGlowRadius, "Glow Radius", 0.0, 20.0, 1, 0,
-                                       "px"},
+    AppearanceSettingsView::SliderSpec{&AppSettings::keyCornerRadius, "Corner Radius", 1, 0, "px"},
+    AppearanceSettingsView::SliderSpec{&AppSettings::keyBorderWidth, "Border Width", 2, 1, "px"},
+    AppearanceSettingsView::SliderSpec{&AppSettings::keyShadowRadius, "Shadow Radius", 1, 0, "px"},
+    AppearanceSettingsView::SliderSpec{&AppSettings::keyGlowRadius, "Glow Radius", 1, 0, "px"},
 };
 
 const AppearanceSettingsView::SliderSpec *findSpec(const char *key)
@@ -242,8 +236,9 @@ SettingsRow *AppearanceSettingsView::addSlider(QWidget *section, const SliderSpe
     auto *slider = new QSlider(Qt::Horizontal);
     slider->setObjectName(definition.setting->name());
     slider->setAccessibleName(tr(definition.title));
-    slider->setRange(int(std::lround(definition.minimum * definition.unitsPerValue)),
-                     int(std::lround(definition.maximum * definition.unitsPerValue)));
+    const Setting<double>::Range range = definition.setting->range.value();
+    slider->setRange(int(std::lround(range.minimum * definition.unitsPerValue)),
+                     int(std::lround(range.maximum * definition.unitsPerValue)));
     slider->setSingleStep(std::max(1, definition.unitsPerValue / 10));
     slider->setPageStep(std::max(1, definition.unitsPerValue / 10) * 5);
     slider->setMinimumWidth(160);

@@ -159,7 +159,9 @@ void GeneralSettingsView::buildDisplay(SettingsForm &form)
     m_duration = new QSlider(Qt::Horizontal);
     m_duration->setObjectName(AppSettings::keyDisplayDuration.name());
     m_duration->setAccessibleName(QStringLiteral("Display Duration"));
-    m_duration->setRange(durationSliderMinimum, durationSliderMaximum);
+    const auto durations = AppSettings::keyDisplayDuration.range.value();
+    m_duration->setRange(int(std::lround(durations.minimum / durationStep)),
+                         int(std::lround(durations.maximum / durationStep)));
     m_duration->setSingleStep(1);
     m_duration->setPageStep(2);
     m_duration->setMinimumWidth(150);
@@ -170,15 +172,16 @@ void GeneralSettingsView::buildDisplay(SettingsForm &form)
     auto *sliderLayout = new QHBoxLayout(slider);
     sliderLayout->setContentsMargins(0, 0, 0, 0);
     sliderLayout->setSpacing(6);
-    sliderLayout->addWidget(captionLabel(QStringLiteral("0.5s")));
+    sliderLayout->addWidget(captionLabel(QString::number(durations.minimum) + u's'));
     sliderLayout->addWidget(m_duration);
-    sliderLayout->addWidget(captionLabel(QStringLiteral("10s")));
+    sliderLayout->addWidget(captionLabel(QString::number(durations.maximum) + u's'));
     m_durationRow = form.addRow(section, QStringLiteral("Display Duration"), QString(), slider);
 
     m_maxKeys = new QSpinBox;
     m_maxKeys->setObjectName(AppSettings::keyMaxDisplayCount.name());
     m_maxKeys->setAccessibleName(QStringLiteral("Max Keys Displayed"));
-    m_maxKeys->setRange(maxKeysMinimum, maxKeysMaximum);
+    const auto counts = AppSettings::keyMaxDisplayCount.range.value();
+    m_maxKeys->setRange(counts.minimum, counts.maximum);
     m_maxKeys->setSingleStep(1);
     connect(m_maxKeys, &QSpinBox::valueChanged, this,
             [this](int value) { m_store.setValue(AppSettings::keyMaxDisplayCount, value); });

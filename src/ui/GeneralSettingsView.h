@@ -31,12 +31,9 @@ public:
     GeneralSettingsView(SettingsStore &store, KeyManager &keyManager, LoginItem &loginItem,
                         QWidget *parent = nullptr);
 
-    // The slider works in half seconds: its integer value is twice the duration.
-    static constexpr int durationSliderMinimum = 1;
-    static constexpr int durationSliderMaximum = 20;
+    // The slider works in half seconds over the setting's range: its integer value is twice the
+    // duration.
     static constexpr double durationStep = 0.5;
-    static constexpr int maxKeysMinimum = 1;
-    static constexpr int maxKeysMaximum = 20;
 
     static QString durationText(double seconds);
     static QString maxKeysText(int count);

@@ -87,7 +87,7 @@ KeyAppearanceSnapshot PositionCustomizerView::sampleAppearance() const
 double PositionCustomizerView::sampleOpacity() const
 {
     // As the key overlay draws: caps are opaque where nothing can blend them.
-    return m_compositing ? std::clamp(m_settings.value(AppSettings::keyOpacity), 0.0, 1.0) : 1.0;
+    return m_compositing ? m_settings.value(AppSettings::keyOpacity) : 1.0;
 }
 
 QRectF PositionCustomizerView::sampleKeyFrame() const

@@ -53,6 +53,7 @@ private slots:
         QTest::newRow("up 2.95 stops at 3.0") << true << 2.95 << 3.0 << true;
         QTest::newRow("up at 3.0") << true << 3.0 << 3.0 << false;
         QTest::newRow("up above 3.0") << true << 3.4 << 3.4 << false;
+        QTest::newRow("up from a stored -3, read as 1.0") << true << -3.0 << 1.0 + 0.1 << true;
         QTest::newRow("down") << false << 2.0 << 2.0 - 0.1 << true;
         QTest::newRow("down 1.05 stops at 1.0") << false << 1.05 << 1.0 << true;
         QTest::newRow("down at 1.0") << false << 1.0 << 1.0 << false;

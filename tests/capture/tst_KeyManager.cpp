@@ -163,7 +163,7 @@ void tst_KeyManager::filtering()
 
 void tst_KeyManager::repeatsKeepOneCapWithRenewedLife()
 {
-    KeyManager &manager = start({{"showAllKeys", true}, {"keyDisplayDuration", 0.4}});
+    KeyManager &manager = start({{"showAllKeys", true}, {"keyDisplayDuration", 0.5}});
     bool emptied = false;
     connect(&manager, &KeyManager::currentKeysChanged, this,
             [&] { emptied = emptied || manager.currentKeys().isEmpty(); });
@@ -186,14 +186,14 @@ void tst_KeyManager::repeatsKeepOneCapWithRenewedLife()
 
 void tst_KeyManager::recordExpiresAfterItsDuration()
 {
-    KeyManager &manager = start({{"showAllKeys", true}, {"keyDisplayDuration", 0.2}});
+    KeyManager &manager = start({{"showAllKeys", true}, {"keyDisplayDuration", 0.5}});
     send({key(KeyCode::K)});
     QElapsedTimer sinceAdded;
     sinceAdded.start();
     QCOMPARE(manager.currentKeys().size(), 1);
     QTRY_VERIFY_WITH_TIMEOUT(manager.currentKeys().isEmpty(), 3000);
     // Duration + 0.1 s at most (its own expiry, not a later sweep), with room for a busy machine.
-    QVERIFY2(sinceAdded.elapsed() < 500, qPrintable(QString::number(sinceAdded.elapsed())));
+    QVERIFY2(sinceAdded.elapsed() < 800, qPrintable(QString::number(sinceAdded.elapsed())));
 }
 
 void tst_KeyManager::startingTwiceInstallsOneCapture()

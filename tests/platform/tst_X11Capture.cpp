@@ -82,13 +82,13 @@ void tst_X11Capture::cleanupTestCase()
 
 void tst_X11Capture::init()
 {
-    // Every record goes at the next sweep; then settings are back to defaults, with records that
-    // outlive a slow machine.
-    m_store->setValue(AppSettings::keyDisplayDuration, 0.001);
+    // Every record goes after the shortest duration; then settings are back to defaults, with
+    // records that outlive a slow machine.
+    m_store->setValue(AppSettings::keyDisplayDuration, 0.5);
     QTRY_VERIFY(m_manager->currentKeys().isEmpty());
     m_store->remove("showAllKeys");
     m_store->remove("showMouseClicks");
-    m_store->setValue(AppSettings::keyDisplayDuration, 30.0);
+    m_store->setValue(AppSettings::keyDisplayDuration, 10.0);
 }
 
 void tst_X11Capture::shortcuts_data()

@@ -92,6 +92,67 @@ private slots:
         QCOMPARE(reopened.value(AppSettings::keyFont), QStringLiteral("Say \"hi\", [x]\n"));
     }
 
+    // Hand-edited values read as the settings window would show them, said once per key.
+    void valuesOutOfRangeOrOfAnotherTypeAreSaidOnce_data()
+    {
+        QTest::addColumn<QByteArray>("line");
+        QTest::addColumn<double>("size");
+        QTest::addColumn<QString>("said"); // empty: nothing
+        QTest::newRow("below") << QByteArray("keySize=-3") << 1.0
+                               << "keySize=-3 is out of range (1 to 10); using 1";
+        QTest::newRow("no number")
+            << QByteArray("keySize=big") << 2.0 << "keySize is not a number; using the default 2";
+        QTest::newRow("within") << QByteArray("keySize=9.5") << 9.5 << "";
+        QTest::newRow("whole number below")
+            << QByteArray("keyMaxDisplayCount=-1") << 2.0
+            << "keyMaxDisplayCount=-1 is out of range (1 to 20); using 1";
+    }
+    void valuesOutOfRangeOrOfAnotherTypeAreSaidOnce()
+    {
+        QFETCH(QByteArray, line);
+        QFETCH(double, size);
+        QFETCH(QString, said);
+        // A path per row: QSettings caches files by path, size and time of change.
+        const QString path = m_dir.filePath(QString::fromLatin1(QTest::currentDataTag()));
+        QFile f(path);
+        QVERIFY(f.open(QIODevice::WriteOnly) && f.write("[General]\n" + line + '\n') > 0);
+        f.close();
+        const SettingsStore store(path);
+        if (!said.isEmpty())
+            QTest::ignoreMessage(QtWarningMsg,
+                                 qPrintable("vantrel: " + path + ": " + said + " instead"));
+        QTest::failOnWarning(QRegularExpression(QStringLiteral(".")));
+        for (int i = 0; i < 2; ++i) {
+            QCOMPARE(store.value(AppSettings::keySize), size);
+            QVERIFY(store.value(AppSettings::keyMaxDisplayCount) >= 1);
+        }
+    }
+
+    void unreadableValuesAreKeptOnceBeforeOneIsReplaced()
+    {
+        SettingsStore store(m_path);
+        for (const char *key : {"displayConfigurations", "customKeyStylePresets"}) {
+            store.setRawValue(QString::fromLatin1(key), QByteArray("[{"));
+            QTest::ignoreMessage(QtWarningMsg, qPrintable("vantrel: " + m_path + ": " + key +
+                                                          " is bad; ignoring it"));
+            store.reportUnreadable(QString::fromLatin1(key), QStringLiteral("is bad"));
+        }
+        const QString copy = m_path + QStringLiteral(".bak");
+        store.setValue(AppSettings::keySize, 3.0);
+        QVERIFY(!QFile::exists(copy));
+        QTest::ignoreMessage(QtWarningMsg,
+                             qPrintable("vantrel: " + m_path + ": kept the file as it was in " +
+                                        copy + " before replacing displayConfigurations"));
+        store.remove(AppSettings::displayConfigurations.name());
+        QFile kept(copy);
+        QVERIFY(kept.open(QIODevice::ReadOnly));
+        QCOMPARE(kept.readAll(), "[General]\ncustomKeyStylePresets=[{\ndisplayConfigurations=[{\n"
+                                 "keySize=3\n");
+        QVERIFY(kept.remove());
+        store.remove(AppSettings::customKeyStylePresets.name());
+        QVERIFY(!QFile::exists(copy)); // one copy per run holds every unreadable value
+    }
+
     void unreadablePathDoesNotCrash()
     {
         QVERIFY(QDir(m_dir.path()).mkdir(QStringLiteral("Vantrel.conf"))); // a directory instead

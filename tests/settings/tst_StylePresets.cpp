@@ -102,13 +102,19 @@ private slots:
     {
         m_actions->applyBuiltInStyle(KeyStyle::gaming);
         Presets saved;
-        for (const double opacity :
-             {0.1, 1.0 / 3.0, 2.0000000000000004, 5e-324, 1.7976931348623157e308}) {
+        // Any double, even beyond what the settings read, goes through the file unchanged.
+        for (const double opacity : {2.0000000000000004, 5e-324, 1.7976931348623157e308}) {
+            Look extreme = look();
+            extreme.keyOpacity = opacity;
+            saved << Preset{QUuid::createUuid(), QStringLiteral("Same"), extreme};
+            m_presets->addPreset(saved.last());
+        }
+        for (const double opacity : {0.1, 1.0 / 3.0}) {
             m_settings->setValue(AppSettings::keyOpacity, opacity);
             saved << save(QStringLiteral("Same"));
             QCOMPARE(saved.last().snapshot, look());
         }
-        QVERIFY(saved.at(0).id != saved.at(1).id);
+        QVERIFY(saved.at(3).id != saved.at(4).id);
         QCOMPARE(m_settings->value(AppSettings::selectedCustomPresetID),
                  saved.last().id.toString(QUuid::WithoutBraces).toUpper());
         reopen();
@@ -122,27 +128,37 @@ private slots:
         QVERIFY(!m_actions->isBuiltInStyleSelected(KeyStyle::gaming));
     }
 
-    void brokenStoredListLoadsEmptyAndIsKept_data()
+    void brokenStoredListLoadsEmptyIsSaidAndKept_data()
     {
         QTest::addColumn<QByteArray>("data");
+        QTest::addColumn<QString>("problem");
         QByteArray good = *CustomKeyStylePresetStore::encode({{QUuid::createUuid(), "Good", {}}});
         good = good.mid(1).chopped(1); // the one entry
         const auto broken = [&](const char *from, const char *to) {
             const QByteArray bad = QByteArray(good).replace(from, to);
             return bad == good ? QByteArray() : '[' + good + ',' + bad + ']';
         };
-        row("one lacks keyGlowRadius", broken(",\"keyGlowRadius\":0", ""));
-        row("number as text", broken("\"keySize\":0", "\"keySize\":\"0\""));
-        row("flag as number", broken("\"keyGlowEnabled\":false", "\"keyGlowEnabled\":0"));
-        row("id is no UUID", broken("\"id\":\"", "\"id\":\"X"));
-        row("malformed", QByteArray("[{\"id\":"));
-        row("not an array", good);
+        const QString second =
+            QStringLiteral("is not valid: entry 2 has a missing or unreadable field");
+        row("one lacks keyGlowRadius", broken(",\"keyGlowRadius\":0", ""), second);
+        row("number as text", broken("\"keySize\":0", "\"keySize\":\"0\""), second);
+        row("flag as number", broken("\"keyGlowEnabled\":false", "\"keyGlowEnabled\":0"), second);
+        row("id is no UUID", broken("\"id\":\"", "\"id\":\"X"), second);
+        row("malformed", QByteArray("[{\"id\":"),
+            QStringLiteral("is not valid JSON (unterminated object at offset 7)"));
+        row("nested 100,000 deep", QByteArray(100000, '[') + QByteArray(100000, ']'),
+            QStringLiteral("is not valid JSON (too deeply nested document at offset 1025)"));
+        row("not an array", good, QStringLiteral("is not a JSON array"));
     }
-    void brokenStoredListLoadsEmptyAndIsKept()
+    void brokenStoredListLoadsEmptyIsSaidAndKept()
     {
         QFETCH(QByteArray, data);
+        QFETCH(QString, problem);
         QVERIFY(!data.isEmpty());
         m_settings->setValue(AppSettings::customKeyStylePresets, data);
+        QTest::ignoreMessage(QtWarningMsg,
+                             qPrintable("vantrel: " + m_path + ": customKeyStylePresets " +
+                                        problem + "; ignoring it"));
         reopen();
         QVERIFY(m_presets->presets().isEmpty());
         QCOMPARE(m_settings->value(AppSettings::customKeyStylePresets), data);
