@@ -35,8 +35,7 @@ class tst_PositionCustomizer final : public QObject {
         m_controller->showPositioningOverlay(id);
         auto *view = qobject_cast<PositionCustomizerView *>(m_controller->window(id));
         // Without a compositor it shows once the desktop has been captured.
-        QTest::qWaitFor([view] { return !view || view->isVisible(); });
-        return view;
+        return !view || QTest::qWaitFor([view] { return view->isVisible(); }) ? view : nullptr;
     }
     DisplayConfiguration stored(quint32 id) const { return *m_displays->configuration(id); }
 
