@@ -19,7 +19,9 @@ deb="$work/vantrel_${version}_$(dpkg --print-architecture).deb"
 [ -f "$deb" ] || fail "no $(basename "$deb"); made: $(cd "$work" && ls ./*.deb)"
 
 contents="$(dpkg-deb -c "$deb" | awk '{ print $6 }')"
-for file in ./usr/bin/vantrel ./usr/share/applications/com.vantrel.Vantrel.desktop \
+for file in ./usr/bin/vantrel ./usr/libexec/vantrel-input-helper \
+    ./usr/share/polkit-1/actions/com.vantrel.Vantrel.policy \
+    ./usr/share/applications/com.vantrel.Vantrel.desktop \
     ./usr/share/metainfo/com.vantrel.Vantrel.metainfo.xml \
     ./usr/share/icons/hicolor/scalable/apps/vantrel.svg \
     ./usr/share/icons/hicolor/48x48/apps/vantrel.png \
@@ -30,6 +32,9 @@ done
 dpkg-deb -x "$deb" "$work/root"
 grep -qx 'Exec=/usr/bin/vantrel' "$work/root/usr/share/dbus-1/services/com.vantrel.Vantrel.service" ||
     fail "the packaged D-Bus service does not start /usr/bin/vantrel"
+grep -qF '"org.freedesktop.policykit.exec.path">/usr/libexec/vantrel-input-helper<' \
+    "$work/root/usr/share/polkit-1/actions/com.vantrel.Vantrel.policy" ||
+    fail "the packaged polkit action does not name /usr/libexec/vantrel-input-helper"
 
 for field in Package Version Architecture Maintainer Section Description Depends; do
     [ -n "$(dpkg-deb -f "$deb" "$field")" ] || fail "the control field $field is empty"

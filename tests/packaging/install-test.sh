@@ -17,6 +17,7 @@ trap 'rm -rf "$root" "$root.manifest"' EXIT
 sizes=(16 24 32 48 64 128 256)
 expected=(
     usr/bin/vantrel
+    usr/libexec/vantrel-input-helper
     usr/share/applications/com.vantrel.Vantrel.desktop
     usr/share/dbus-1/services/com.vantrel.Vantrel.service
     usr/share/doc/vantrel/changelog.gz
@@ -24,6 +25,7 @@ expected=(
     usr/share/icons/hicolor/scalable/apps/vantrel.svg
     usr/share/man/man1/vantrel.1.gz
     usr/share/metainfo/com.vantrel.Vantrel.metainfo.xml
+    usr/share/polkit-1/actions/com.vantrel.Vantrel.policy
 )
 for size in "${sizes[@]}"; do expected+=("usr/share/icons/hicolor/${size}x${size}/apps/vantrel.png"); done
 diff <(printf '%s\n' "${expected[@]}" | sort) <(cd "$root" && find . -type f -o -type l | sed 's|^\./||' | sort) ||
