@@ -118,9 +118,12 @@ void KeyDisplayView::setKeys(const QList<KeyPress> &keys)
             continue;
         }
         if (item->motion.phase != KeyMotion::Phase::removing) {
-            if (style == KeyAnimationStyle::none) {
+            // Gone at once. So is a cap of a view with no size yet (a window not yet fitted to
+            // its display): it was never shown, and leaving from where it was laid out, outside
+            // the display, it would stretch the drawing area over the whole display.
+            if (style == KeyAnimationStyle::none || m_size.isEmpty()) {
                 m_lostRegion += item->drawnRect;
-                continue; // gone at once
+                continue;
             }
             const QPointF center = item->motion.center(m_frameTime);
             item->motion.from = item->motion.to = center;

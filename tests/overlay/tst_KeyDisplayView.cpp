@@ -171,6 +171,19 @@ private slots:
             QVERIFY(!update.first().value<QRegion>().intersects(first));
     }
 
+    void aCapGoneBeforeTheViewHasASizeLeavesTheBandAlone()
+    {
+        // A window made while keys show gets its display's size only after its first keys.
+        m_store->setValue(AppSettings::keyAnimationStyle, KeyAnimationStyle::slideIn);
+        KeyDisplayView view(*m_store);
+        view.setClock([this] { return m_time; });
+        view.setKeys(makeKeys({QStringLiteral("A")}));
+        view.setKeys(makeKeys({QStringLiteral("B")}));
+        view.setSize(windowSize);
+        view.setConfiguration(configurationAt(KeyPosition::bottomCenter));
+        QVERIFY(view.drawingArea().height() < windowSize.height() / 3);
+    }
+
     void rowOrderAndSpacing_data()
     {
         QTest::addColumn<double>("spacing");
