@@ -65,6 +65,8 @@ int InputForwarder::run()
         inotify_add_watch(m_watch, m_folder.c_str(), IN_CREATE | IN_ATTRIB | IN_DELETE) < 0)
         return 1;
     scan();
+    // An empty report says the helper runs: the password dialog, if any, is behind.
+    write(EV_SYN, SYN_REPORT, 0);
     while (!m_failed) {
         std::vector<pollfd> fds{{m_input, POLLIN, 0}, {m_watch, POLLIN, 0}};
         std::vector<std::string> names;

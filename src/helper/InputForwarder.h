@@ -9,7 +9,7 @@
 // The input helper's whole work, run as root for a user who may not read the input devices: it
 // reads every keyboard and mouse in one device folder, follows devices that come and go, and
 // writes their key and button records, nothing else, to one output in the kernel's own record
-// format. The streams are merged as one keyboard would send them: a key held on two devices goes
+// format, after one empty report that says it runs. The streams are merged as one keyboard would send them: a key held on two devices goes
 // down once and up once, and the keys held on a device that goes away come up. It ends when its
 // input closes (the program that started it has gone) or its output cannot be written.
 class InputForwarder final {

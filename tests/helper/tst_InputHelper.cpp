@@ -92,12 +92,12 @@ private slots:
     {
         QTest::addColumn<QString>("expected");
         QTest::newRow("keys and buttons pass, other events stay behind")
-            << QStringLiteral(" 1:30:1| 1:272:1|");
+            << QStringLiteral("| 1:30:1| 1:272:1|");
         QTest::newRow("a key held on two devices goes down and up once")
-            << QStringLiteral(" 1:42:1||| 1:42:0|");
-        QTest::newRow("an unplugged device lets its keys go") << QStringLiteral(" 1:29:1| 1:29:0|");
+            << QStringLiteral("| 1:42:1||| 1:42:0|");
+        QTest::newRow("an unplugged device lets its keys go") << QStringLiteral("| 1:29:1| 1:29:0|");
         QTest::newRow("records lost: held keys come up, the rest of the report is skipped")
-            << QStringLiteral(" 1:30:1| 1:30:0| 1:48:1|");
+            << QStringLiteral("| 1:30:1| 1:30:0| 1:48:1|");
     }
     void forwardsKeysAsOneKeyboard()
     {
@@ -115,7 +115,7 @@ private slots:
             send(u"b"_qs,
                  {{EV_KEY, BTN_LEFT, 1}, {EV_KEY, BTN_TRIGGER, 1}, {EV_SYN, SYN_REPORT, 0}});
         } else if (row.startsWith(u"a key held")) {
-            int reports = 0;
+            int reports = 1; // the one that says it runs
             for (const auto &[device, value] :
                  {std::pair{u"a"_qs, 1}, {u"b"_qs, 1}, {u"a"_qs, 0}, {u"b"_qs, 0}}) {
                 send(device, {{EV_KEY, KEY_LEFTSHIFT, value}, {EV_SYN, SYN_REPORT, 0}});
@@ -124,7 +124,7 @@ private slots:
             }
         } else if (row.startsWith(u"an unplugged")) {
             send(u"a"_qs, {{EV_KEY, KEY_LEFTCTRL, 1}, {EV_SYN, SYN_REPORT, 0}});
-            QTRY_VERIFY(!written().isEmpty());
+            QTRY_VERIFY(written().size() > 1);
             unplug(u"a"_qs);
         } else {
             // Half a record first: records may be split across reads.
