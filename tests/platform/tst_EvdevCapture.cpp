@@ -452,11 +452,15 @@ void tst_EvdevCapture::layoutTypesCharacters()
     QVERIFY(
         capture.recorder().events().contains(described("down", KeyCode::Q, ModifierFlag::Option)));
 
-    // A new keymap from the layout source applies to the next key, with AltGr still held.
+    // A new keymap from the layout source applies to the next key, with AltGr still held and
+    // Caps Lock still on.
+    QVERIFY(writeRecords(fifo, frames({{KEY_CAPSLOCK, 1}, {KEY_CAPSLOCK, 0}})));
+    QTRY_VERIFY(capture.recorder().events().contains(
+        described("flags", KeyCode::CapsLock, ModifierFlag::CapsLock | ModifierFlag::Option)));
     const std::shared_ptr<XkbKeyboardLayoutSource> us = XkbKeyboardLayoutSource::fromNames("us");
     layout->setKeymap(us->keymap().get());
     QVERIFY(writeRecords(fifo, frames({{KEY_RIGHTALT, 0}, {KEY_Q, 0}, {KEY_Y, 1}})));
-    QTRY_COMPARE(capture.recorder().characters(), QStringList({"z", "@", "y"}));
+    QTRY_COMPARE(capture.recorder().characters(), QStringList({"z", "@", "Y"}));
 }
 
 QTEST_GUILESS_MAIN(tst_EvdevCapture)

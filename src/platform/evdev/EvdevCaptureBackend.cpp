@@ -274,6 +274,18 @@ bool EvdevCaptureBackend::loadKeymap(KeymapRef keymap)
     for (int code = 0; code < KEY_CNT; ++code)
         if (m_downCount[code] > 0)
             xkb_state_update_key(state.get(), xkb_keycode_t(code + evdevOffset), XKB_KEY_DOWN);
+    // So do Caps Lock and Num Lock: real modifiers, which have the same bits in every keymap.
+    constexpr xkb_mod_mask_t realModifiers = 0xff;
+    const xkb_mod_mask_t locked =
+        m_state ? xkb_state_serialize_mods(m_state.get(), XKB_STATE_MODS_LOCKED) & realModifiers
+                : 0;
+    if (locked)
+        xkb_state_update_mask(state.get(),
+                              xkb_state_serialize_mods(state.get(), XKB_STATE_MODS_DEPRESSED),
+                              xkb_state_serialize_mods(state.get(), XKB_STATE_MODS_LATCHED), locked,
+                              xkb_state_serialize_layout(state.get(), XKB_STATE_LAYOUT_DEPRESSED),
+                              xkb_state_serialize_layout(state.get(), XKB_STATE_LAYOUT_LATCHED),
+                              xkb_state_serialize_layout(state.get(), XKB_STATE_LAYOUT_LOCKED));
     m_state = std::move(state);
     // The group is the desktop's to choose until keys toggle it.
     m_group = xkb_state_serialize_layout(m_state.get(), XKB_STATE_LAYOUT_EFFECTIVE);
