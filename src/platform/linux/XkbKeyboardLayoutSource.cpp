@@ -91,6 +91,12 @@ void XkbKeyboardLayoutSource::setActiveGroup(quint32 group)
     notifyChange();
 }
 
+std::shared_ptr<xkb_keymap> XkbKeyboardLayoutSource::keymap() const
+{
+    const std::lock_guard guard(m_stateLock);
+    return {xkb_keymap_ref(m_keymap), xkb_keymap_unref};
+}
+
 KeyboardLayoutSource::LayoutState XkbKeyboardLayoutSource::fetchCurrentLayoutState() const
 {
     const std::lock_guard guard(m_stateLock);

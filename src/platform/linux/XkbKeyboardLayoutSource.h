@@ -5,6 +5,7 @@
 #include <QString>
 
 #include <map>
+#include <memory>
 #include <mutex>
 
 struct xkb_keymap;
@@ -28,6 +29,8 @@ public:
 
     void setKeymap(xkb_keymap *keymap);
     void setActiveGroup(quint32 group);
+    // The keymap now (a reference of the caller's own), for a capture that types with it.
+    std::shared_ptr<xkb_keymap> keymap() const;
 
     LayoutState fetchCurrentLayoutState() const override;
     ObserverId addChangeObserver(std::function<void()> handler) override;

@@ -4,6 +4,7 @@
 #include "capture/KeyCode.h"
 #include "platform/linux/EvdevKeyCodeTable.h"
 #include "platform/linux/XkbKeyboardLayoutSource.h"
+#include "platform/linux/XkbStateReader.h"
 
 #include <QtGlobal>
 
@@ -394,7 +395,7 @@ void X11CaptureBackend::stateDidChange(quint32 keycode, CaptureEventHandler *han
         if (m_namingSource)
             m_namingSource->setActiveGroup(group);
     }
-    const quint64 flags = modifierFlags();
+    const quint64 flags = XkbStateReader::modifierFlags(m_state);
     if (flags == m_flags)
         return;
     m_flags = flags;
@@ -405,26 +406,6 @@ void X11CaptureBackend::stateDidChange(quint32 keycode, CaptureEventHandler *han
                           : -1;
     changed.flags = flags;
     handler->handleCaptureEvent(changed);
-}
-
-quint64 X11CaptureBackend::modifierFlags() const
-{
-    const auto active = [this](const char *name) {
-        return xkb_state_mod_name_is_active(m_state, name, XKB_STATE_MODS_EFFECTIVE) > 0;
-    };
-    quint64 flags = 0;
-    if (active(XKB_MOD_NAME_SHIFT))
-        flags |= ModifierFlag::Shift;
-    if (active(XKB_MOD_NAME_CAPS))
-        flags |= ModifierFlag::CapsLock;
-    if (active(XKB_MOD_NAME_CTRL))
-        flags |= ModifierFlag::Control;
-    // Alt sits on Mod1, AltGr (ISO Level 3) on Mod5, Super and Meta-as-Super on Mod4.
-    if (active(XKB_MOD_NAME_ALT) || active("Mod5"))
-        flags |= ModifierFlag::Option;
-    if (active(XKB_MOD_NAME_LOGO))
-        flags |= ModifierFlag::Command;
-    return flags;
 }
 
 void X11CaptureBackend::handleRawKey(quint32 keycode, bool press, CaptureEventHandler &handler)
@@ -478,20 +459,6 @@ void X11CaptureBackend::deliverKey(CaptureEvent::Type type, quint32 keycode,
     event.type = type;
     event.keyCode = *keyCode;
     event.flags = m_flags;
-    event.characters = [this, keycode] { return eventCharacters(keycode); };
+    event.characters = [this, keycode] { return XkbStateReader::characters(m_state, keycode); };
     handler.handleCaptureEvent(event);
-}
-
-QString X11CaptureBackend::eventCharacters(quint32 keycode) const
-{
-    char buffer[64];
-    const int size = xkb_state_key_get_utf8(m_state, keycode, buffer, sizeof buffer);
-    if (size <= 0)
-        return {};
-    if (size < int(sizeof buffer))
-        return QString::fromUtf8(buffer, size);
-    QByteArray text(size + 1, Qt::Uninitialized);
-    xkb_state_key_get_utf8(m_state, keycode, text.data(), size_t(text.size()));
-    text.chop(1);
-    return QString::fromUtf8(text);
 }

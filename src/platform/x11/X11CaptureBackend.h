@@ -61,9 +61,7 @@ private:
     void deliverDueRepeat(CaptureEventHandler &handler);
     // Publishes the state's group to the naming source and reports changed modifier flags.
     void stateDidChange(quint32 keycode, CaptureEventHandler *handler);
-    quint64 modifierFlags() const;
     bool keyRepeats(quint32 keycode) const;
-    QString eventCharacters(quint32 keycode) const;
 
     const std::shared_ptr<XkbKeyboardLayoutSource> m_namingSource;
     int m_stopFd = -1;
