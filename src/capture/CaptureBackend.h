@@ -54,6 +54,12 @@ public:
     // What a person does to give access, one step per entry, in order; none when there is
     // nothing to do.
     virtual QStringList accessSteps() const { return {}; }
+    // Whether Vantrel itself can ask the user for access (a password dialog), by askForAccess().
+    // Never done unasked: only when the user chooses to.
+    virtual bool canAskForAccess() const { return false; }
+    // Asks the user for access, waiting for the answer, and returns the resulting state. Called
+    // on the capture thread.
+    virtual Access askForAccess() { return checkAccess(); }
 
     // Installs the capture; false when it cannot be installed.
     virtual bool install() = 0;

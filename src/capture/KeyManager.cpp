@@ -142,6 +142,16 @@ void KeyManager::runCaptureQueue()
         case Task::stop:
             removeCapture();
             break;
+        case Task::ask: {
+            const CaptureBackend::Access access = m_backend->askForAccess();
+            m_accessGranted = access.granted;
+            post({.kind = PendingChange::Kind::permission,
+                  .text = access.reason,
+                  .value = access.granted});
+            if (access.granted && m_live.isVantrelEnabled.load(std::memory_order_relaxed))
+                installCapture();
+            break;
+        }
         case Task::quit:
             if (m_captureInstalled) {
                 m_backend->uninstall();
@@ -474,6 +484,11 @@ void KeyManager::setPermission(bool granted, const QString &problem)
         return;
     m_hasInputMonitoringPermission = granted;
     emit hasInputMonitoringPermissionChanged(granted);
+}
+
+void KeyManager::askForInputMonitoringAccess()
+{
+    enqueue(Task::ask);
 }
 
 void KeyManager::checkInputMonitoringPermission()

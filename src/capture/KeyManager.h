@@ -57,6 +57,8 @@ public:
     QString inputMonitoringProblem() const { return m_inputMonitoringProblem; }
     // What a person does to give access, step by step (the capture backend's own steps).
     QStringList inputMonitoringAccessSteps() const { return m_backend->accessSteps(); }
+    // Whether askForInputMonitoringAccess() can show the desktop's password dialog.
+    bool canAskForInputMonitoringAccess() const { return m_backend->canAskForAccess(); }
     bool hasCompletedInitialization() const { return m_hasCompletedInitialization; }
 
     // Both return at once; the work runs on the capture thread, in the order requested.
@@ -64,6 +66,8 @@ public:
     void stopListening();
     // Checks access again (for instance after the user fixed it) and publishes the result.
     void checkInputMonitoringPermission();
+    // Asks the user for access where the backend can (the user chose to); listens once given.
+    void askForInputMonitoringAccess();
 
     // `currentKeys` in display order: modifier symbols first (⌘ ⌃ ⌥ ⇧), then oldest first.
     QList<KeyPress> sortedKeysForDisplay() const;
@@ -77,7 +81,7 @@ signals:
     void hasInputMonitoringPermissionChanged(bool granted);
 
 private:
-    enum class Task { start, stop, quit };
+    enum class Task { start, stop, ask, quit };
 
     // A change computed on the capture thread, applied on the main thread in arrival order.
     struct PendingChange {

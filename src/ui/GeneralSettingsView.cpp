@@ -267,9 +267,12 @@ void GeneralSettingsView::resetAllSettings()
 
 void GeneralSettingsView::showInputMonitoringInfo()
 {
-    InputMonitoringSheet sheet(m_keyManager.inputMonitoringAccessSteps(), window());
+    InputMonitoringSheet sheet(m_keyManager.inputMonitoringAccessSteps(),
+                               m_keyManager.canAskForInputMonitoringAccess(), window());
     connect(&sheet, &InputMonitoringSheet::checkAgainRequested, &m_keyManager,
             &KeyManager::checkInputMonitoringPermission);
+    connect(&sheet, &InputMonitoringSheet::allowRequested, &m_keyManager,
+            &KeyManager::askForInputMonitoringAccess);
     sheet.exec();
 }
 

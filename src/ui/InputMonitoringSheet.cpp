@@ -5,7 +5,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-InputMonitoringSheet::InputMonitoringSheet(const QStringList &steps, QWidget *parent)
+InputMonitoringSheet::InputMonitoringSheet(const QStringList &steps, bool canAllow, QWidget *parent)
     : QDialog(parent), m_steps(new QLabel(numberedSteps(steps)))
 {
     setWindowTitle(QStringLiteral("Input Monitoring"));
@@ -25,6 +25,12 @@ InputMonitoringSheet::InputMonitoringSheet(const QStringList &steps, QWidget *pa
     checkAgain->setDefault(true);
     buttons->addButton(checkAgain, QDialogButtonBox::ActionRole);
     connect(checkAgain, &QPushButton::clicked, this, &InputMonitoringSheet::checkAgainRequested);
+    if (canAllow) {
+        auto *allow = new QPushButton(QStringLiteral("Allow"));
+        allow->setObjectName(QStringLiteral("allow"));
+        buttons->addButton(allow, QDialogButtonBox::ActionRole);
+        connect(allow, &QPushButton::clicked, this, &InputMonitoringSheet::allowRequested);
+    }
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
 
     auto *layout = new QVBoxLayout(this);

@@ -5,13 +5,15 @@
 
 class QLabel;
 
-// How to give Vantrel access to the keyboard: a heading, the capture backend's numbered steps and
-// a button that checks access again. A modal dialog of the settings window.
+// How to give Vantrel access to the keyboard: a heading, the capture backend's numbered steps, a
+// button that checks access again and, where Vantrel can ask for access itself, one that does.
+// A modal dialog of the settings window.
 class InputMonitoringSheet final : public QDialog {
     Q_OBJECT
 
 public:
-    InputMonitoringSheet(const QStringList &steps, QWidget *parent = nullptr);
+    InputMonitoringSheet(const QStringList &steps, bool canAllow = false,
+                         QWidget *parent = nullptr);
 
     // The steps as shown: "1. ..." on the first line, "2. ..." on the next.
     static QString numberedSteps(const QStringList &steps);
@@ -19,6 +21,8 @@ public:
 
 signals:
     void checkAgainRequested();
+    // The user chose "Allow": ask for access (the desktop's password dialog).
+    void allowRequested();
 
 private:
     QLabel *m_steps;

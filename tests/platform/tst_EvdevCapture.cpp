@@ -98,8 +98,9 @@ private:
 // The backend on a device folder of its own, running on a capture thread as KeyManager runs it.
 class Capture final {
 public:
-    explicit Capture(std::shared_ptr<XkbKeyboardLayoutSource> layout = {})
-        : m_backend(std::move(layout), m_dir.path(), std::make_unique<FakeProbe>())
+    explicit Capture(std::shared_ptr<XkbKeyboardLayoutSource> layout = {},
+                     const QString &helperProgram = {})
+        : m_backend(std::move(layout), m_dir.path(), std::make_unique<FakeProbe>(), helperProgram)
     {}
     ~Capture()
     {
@@ -172,6 +173,8 @@ private slots:
     void keyChanges_data();
     void keyChanges();
     void layoutTypesCharacters();
+    void accessThroughTheHelper_data();
+    void accessThroughTheHelper();
 };
 
 void tst_EvdevCapture::initTestCase()
@@ -461,6 +464,52 @@ void tst_EvdevCapture::layoutTypesCharacters()
     layout->setKeymap(us->keymap().get());
     QVERIFY(writeRecords(fifo, frames({{KEY_RIGHTALT, 0}, {KEY_Q, 0}, {KEY_Y, 1}})));
     QTRY_COMPARE(capture.recorder().characters(), QStringList({"z", "@", "Y"}));
+}
+
+void tst_EvdevCapture::accessThroughTheHelper_data()
+{
+    QTest::addColumn<QString>("pkexec"); // what the fake pkexec does
+    QTest::addColumn<QString>("problem");
+    QTest::newRow("password dialog closed") << "exit 126"
+                                            << "The password dialog was closed";
+    QTest::newRow("no authentication agent") << "exit 127"
+                                             << "No authentication agent";
+    QTest::newRow("allowed") << "exec " VANTREL_TESTING_HELPER " \"$HELPER_FOLDER\"" << QString();
+}
+
+// No device can be read here; "Allow" starts the input helper through pkexec (a fake on the
+// PATH), whose records then count as a keyboard's.
+void tst_EvdevCapture::accessThroughTheHelper()
+{
+    QFETCH(QString, pkexec);
+    QFETCH(QString, problem);
+    QTemporaryDir bin, helperFolder;
+    QFile script(bin.filePath("pkexec"));
+    QVERIFY(script.open(QIODevice::WriteOnly));
+    script.write(("#!/bin/sh\n" + pkexec + "\n").toUtf8());
+    script.close();
+    script.setPermissions(QFile::ExeOwner | QFile::ReadOwner);
+    const QByteArray path = qgetenv("PATH");
+    qputenv("PATH", QFile::encodeName(bin.path()) + ':' + path);
+    qputenv("HELPER_FOLDER", QFile::encodeName(helperFolder.path()));
+    const QByteArray fifo = QFile::encodeName(helperFolder.filePath("kbd"));
+    QVERIFY(mkfifo(fifo.constData(), 0600) == 0);
+    const int writer = open(fifo.constData(), O_RDWR | O_NONBLOCK); // before the helper reads
+    QVERIFY(writer >= 0);
+
+    Capture capture({}, QStringLiteral("/bin/true"));
+    QVERIFY(capture.backend().canAskForAccess());
+    QVERIFY(!capture.backend().checkAccess().granted);
+    const CaptureBackend::Access access = capture.backend().askForAccess();
+    qputenv("PATH", path);
+    QCOMPARE(access.granted, problem.isEmpty());
+    QVERIFY2(access.reason.startsWith(problem), qPrintable(access.reason));
+    if (access.granted) {
+        capture.start();
+        QVERIFY(writeRecords(writer, frames({{KEY_J, 1}})));
+        QTRY_COMPARE(capture.recorder().events(), QStringList{described("down", KeyCode::J)});
+    }
+    close(writer);
 }
 
 QTEST_GUILESS_MAIN(tst_EvdevCapture)

@@ -79,11 +79,12 @@ void EvdevCaptureBackend::XkbUnref::operator()(xkb_state *state) const
 
 EvdevCaptureBackend::EvdevCaptureBackend(std::shared_ptr<XkbKeyboardLayoutSource> layoutSource,
                                          const QString &deviceFolder,
-                                         std::unique_ptr<EvdevDeviceProbe> probe)
+                                         std::unique_ptr<EvdevDeviceProbe> probe,
+                                         const QString &helperProgram)
     : m_layoutSource(std::move(layoutSource)), m_folder(folderFromEnvironment(deviceFolder)),
       m_onlyEventNodes(QDir(m_folder) == QDir(defaultFolder)),
       m_probe(probe ? std::move(probe) : std::make_unique<EvdevIoctlProbe>()),
-      m_wakeFd(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK))
+      m_wakeFd(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)), m_helper(helperProgram)
 {
     if (!m_layoutSource)
         return;
@@ -179,6 +180,13 @@ EvdevCaptureBackend::OpenedEntry EvdevCaptureBackend::openEntry(const QString &n
 
 CaptureBackend::Access EvdevCaptureBackend::checkAccess()
 {
+    if (m_helperRunning)
+        return {true, {}};
+    {
+        const std::lock_guard guard(m_keymapLock);
+        if (!m_helperProblem.isEmpty())
+            return {false, m_helperProblem};
+    }
     if (!QFileInfo(m_folder).isDir())
         return {false, QStringLiteral("Vantrel finds no input devices: the folder %1 does not "
                                       "exist.")
@@ -207,9 +215,36 @@ CaptureBackend::Access EvdevCaptureBackend::requestAccess()
 
 QStringList EvdevCaptureBackend::accessSteps() const
 {
-    return {QStringLiteral("Add yourself to the input group: sudo usermod -aG input $USER. "
-                           "Every program you run can then read every key you type."),
-            QStringLiteral("Log out and back in, so that the new group applies.")};
+    QStringList steps;
+    if (canAskForAccess())
+        steps << QStringLiteral("Choose Allow and give an administrator's password: Vantrel's "
+                                "input helper then reads the keyboard until Vantrel quits. If no "
+                                "password dialog appears, start your desktop's authentication "
+                                "agent and choose Allow again.");
+    steps << QStringLiteral("Or add yourself to the input group: sudo usermod -aG input $USER. "
+                            "Every program you run can then read every key you type.")
+          << QStringLiteral("Log out and back in, so that the new group applies, then choose "
+                            "Check Again.");
+    return steps;
+}
+
+bool EvdevCaptureBackend::canAskForAccess() const
+{
+    return !m_helper.program().isEmpty();
+}
+
+CaptureBackend::Access EvdevCaptureBackend::askForAccess()
+{
+    if (const Access access = checkAccess(); access.granted || !canAskForAccess())
+        return access;
+    const InputHelperProcess::State state = m_helper.start();
+    m_helperRunning = state == InputHelperProcess::State::running;
+    m_helperRestarts = 0;
+    {
+        const std::lock_guard guard(m_keymapLock);
+        m_helperProblem = InputHelperProcess::describe(state);
+    }
+    return checkAccess();
 }
 
 // ---- Installation ----
@@ -244,7 +279,39 @@ bool EvdevCaptureBackend::install()
     m_installed = true;
     for (const QString &name : deviceNames())
         addDevice(name);
+    if (m_helperRunning)
+        addHelperDevice();
     return true;
+}
+
+void EvdevCaptureBackend::addHelperDevice()
+{
+    auto device = std::make_unique<Device>();
+    device->name = QStringLiteral("vantrel-input-helper");
+    device->fd = fcntl(m_helper.output(), F_DUPFD_CLOEXEC, 0);
+    device->isHelper = true;
+    if (device->fd < 0)
+        return;
+    fcntl(device->fd, F_SETFL, fcntl(device->fd, F_GETFL) | O_NONBLOCK);
+    m_devices.push_back(std::move(device));
+}
+
+bool EvdevCaptureBackend::restartHelper()
+{
+    if (m_helperRestarts++ == 0 && m_helper.start() == InputHelperProcess::State::running) {
+        addHelperDevice();
+        return true;
+    }
+    m_helper.stop();
+    m_helperRunning = false;
+    const QString problem =
+        QStringLiteral("Vantrel's input helper stopped twice; choose Allow to start it again.");
+    {
+        const std::lock_guard guard(m_keymapLock);
+        m_helperProblem = problem;
+    }
+    qWarning("Vantrel: the input helper stopped twice; key capture has stopped.");
+    return false;
 }
 
 void EvdevCaptureBackend::uninstall()
@@ -540,14 +607,21 @@ CaptureBackend::RunResult EvdevCaptureBackend::run(CaptureEventHandler &handler)
         }
         // Devices first: a device removed from the folder still delivers what it had sent.
         std::vector<std::pair<QString, bool>> ended; // name, reopen
+        bool helperEnded = false;
         for (std::size_t i = 0; i < polled.size(); ++i)
-            if (descriptors[i + 2].revents != 0 && !readDevice(*polled[i]))
+            if (descriptors[i + 2].revents != 0 && !readDevice(*polled[i])) {
                 ended.emplace_back(polled[i]->name, polled[i]->isFifo);
+                helperEnded = helperEnded || polled[i]->isHelper;
+            }
         for (const auto &[name, reopen] : ended) {
             removeDevice(name);
             // A FIFO ends when its writer leaves; the next writer finds it open again.
             if (reopen)
                 addDevice(name);
+        }
+        if (helperEnded && !restartHelper()) {
+            m_handler = nullptr;
+            return RunResult::ended;
         }
         if (descriptors[1].revents & POLLIN)
             handleFolderEvents();

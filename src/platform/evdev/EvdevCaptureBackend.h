@@ -3,6 +3,7 @@
 #include "capture/CaptureBackend.h"
 #include "platform/evdev/EvdevDeviceProbe.h"
 #include "platform/evdev/EvdevRecordReader.h"
+#include "platform/evdev/InputHelperProcess.h"
 
 #include <QString>
 
@@ -33,9 +34,11 @@ public:
     // `layoutSource`: the keymap keys are typed with, followed as it changes; the group that
     // the typed keys select (layout toggles) is published back to it. Without one, the
     // xkeyboard-config defaults. `deviceFolder` empty: as above. `probe` null: the kernel's.
+    // `helperProgram` empty: the installed input helper.
     explicit EvdevCaptureBackend(std::shared_ptr<XkbKeyboardLayoutSource> layoutSource = {},
                                  const QString &deviceFolder = {},
-                                 std::unique_ptr<EvdevDeviceProbe> probe = {});
+                                 std::unique_ptr<EvdevDeviceProbe> probe = {},
+                                 const QString &helperProgram = {});
     ~EvdevCaptureBackend() override;
     EvdevCaptureBackend(const EvdevCaptureBackend &) = delete;
     EvdevCaptureBackend &operator=(const EvdevCaptureBackend &) = delete;
@@ -43,6 +46,9 @@ public:
     Access checkAccess() override;
     Access requestAccess() override;
     QStringList accessSteps() const override;
+    bool canAskForAccess() const override;
+    // Starts the input helper through pkexec, which asks for the password.
+    Access askForAccess() override;
     bool install() override;
     RunResult run(CaptureEventHandler &handler) override;
     void uninstall() override;
@@ -65,6 +71,7 @@ private:
         QString name;
         int fd = -1;
         bool canTellKeys = false; // a character device: the kernel knows which keys are down
+        bool isHelper = false;    // the input helper's pipe, not an entry of the folder
         bool isFifo = false;      // its end is a writer leaving, not the device
         bool dropping = false;    // after SYN_DROPPED, until the next SYN_REPORT
         EvdevRecordReader reader;
@@ -85,6 +92,10 @@ private:
     OpenedEntry openEntry(const QString &name) const;
 
     void addDevice(const QString &name);
+    // The input helper's records, read as one more keyboard with mouse buttons.
+    void addHelperDevice();
+    // The helper ended: started once more, then given up (false).
+    bool restartHelper();
     void removeDevice(const QString &name);
     // Closes `device`, releasing what it held; the caller erases it.
     void closeDevice(Device &device);
@@ -117,6 +128,13 @@ private:
     KeymapRef m_keymap;
     bool m_keymapChanged = false;
     KeymapRef m_sourceKeymap; // the layout source's keymap last seen
+
+    // The input helper, where the devices cannot be read in this process. Capture thread, but
+    // for the state that checkAccess() reads.
+    InputHelperProcess m_helper;
+    std::atomic<bool> m_helperRunning{false};
+    int m_helperRestarts = 0;
+    QString m_helperProblem; // guarded by m_keymapLock, as other state shared across threads
 
     // Capture thread.
     bool m_installed = false;
