@@ -27,7 +27,8 @@ public:
     fromNames(const QString &layouts, const QString &variants = {}, const QString &options = {});
 
     void setKeymap(xkb_keymap *keymap);
-    void setActiveGroup(quint32 group);
+    // False when `group` was already the active one.
+    bool setActiveGroup(quint32 group);
 
     LayoutState fetchCurrentLayoutState() const override;
     ObserverId addChangeObserver(std::function<void()> handler) override;
