@@ -1,5 +1,7 @@
 #include "HeadlessSway.h"
 
+#include "TestProcess.h"
+
 #include <QDeadlineTimer>
 #include <QDir>
 #include <QFile>
@@ -143,14 +145,13 @@ bool HeadlessSway::startKeyboard(QString *error)
     m_keyboard->start(QStringLiteral("wtype"),
                       {QStringLiteral("-s"), QString::fromLatin1(keyboardLifetimeMs)});
     const auto keyboardLayouts = [this]() -> std::optional<QJsonArray> {
-        QProcess query;
-        query.setProcessEnvironment(environment());
-        query.start(QStringLiteral("swaymsg"),
-                    {QStringLiteral("-r"), QStringLiteral("-t"), QStringLiteral("get_inputs")});
-        if (!query.waitForFinished(5000))
+        QByteArray inputs;
+        if (!TestProcess::run(
+                environment(), QStringLiteral("swaymsg"),
+                {QStringLiteral("-r"), QStringLiteral("-t"), QStringLiteral("get_inputs")}, 5000,
+                &inputs))
             return std::nullopt;
-        for (const QJsonValue &input :
-             QJsonDocument::fromJson(query.readAllStandardOutput()).array()) {
+        for (const QJsonValue &input : QJsonDocument::fromJson(inputs).array()) {
             if (input[u"type"].toString() == u"keyboard")
                 return input[u"xkb_layout_names"].toArray();
         }
@@ -196,30 +197,16 @@ QProcessEnvironment HeadlessSway::environment() const
 
 bool HeadlessSway::run(const QString &program, const QStringList &arguments, int timeoutMs) const
 {
-    QProcess process;
-    process.setProcessEnvironment(environment());
-    process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    process.setStandardOutputFile(QProcess::nullDevice());
-    process.start(program, arguments);
-    if (!process.waitForFinished(timeoutMs)) {
-        process.kill();
-        process.waitForFinished(1000);
-        return false;
-    }
-    return process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0;
+    return TestProcess::run(environment(), program, arguments, timeoutMs);
 }
 
 bool HeadlessSway::swaymsg(const QStringList &arguments) const
 {
-    QProcess process;
-    process.setProcessEnvironment(environment());
-    process.start(QStringLiteral("swaymsg"), arguments);
-    process.waitForFinished(10000);
     // swaymsg exits with a failure when sway rejects a command, and says why on standard output.
-    if (process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0)
+    QByteArray output;
+    if (TestProcess::run(environment(), QStringLiteral("swaymsg"), arguments, 10000, &output))
         return true;
-    qWarning("swaymsg %s: %s", qPrintable(arguments.join(u' ')),
-             process.readAllStandardOutput().simplified().constData());
+    qWarning("swaymsg %s: %s", qPrintable(arguments.join(u' ')), output.simplified().constData());
     return false;
 }
 
