@@ -23,6 +23,9 @@ namespace {
 // The unprivileged user that runs sway; it owns only the private runtime folder.
 constexpr char swayUser[] = "nobody";
 constexpr int startTimeoutMs = 15000;
+// XWayland starts when an X11 client first connects.
+constexpr char swayConfig[] = "xwayland enable\n"
+                              "output HEADLESS-1 resolution 1920x1080 position 0 0\n";
 // How long the virtual keyboard stays (wtype pauses this many milliseconds): longer than a test.
 constexpr char keyboardLifetimeMs[] = "2000000";
 
@@ -56,7 +59,9 @@ bool HeadlessSway::start(QString *error)
             return false;
         }
     }
-    const passwd *user = getpwnam(swayUser);
+    // sway refuses to run as root; another user runs it as itself.
+    const bool root = geteuid() == 0;
+    const passwd *user = root ? getpwnam(swayUser) : getpwuid(geteuid());
     if (!user || !m_runtimeDir.isValid()) {
         *error = QStringLiteral("no user \"nobody\" or no temporary folder for sway");
         return false;
@@ -69,9 +74,7 @@ bool HeadlessSway::start(QString *error)
         return false;
     }
     QFile config(dir + u"/config");
-    if (!config.open(QIODevice::WriteOnly) ||
-        config.write("xwayland enable\noutput HEADLESS-1 resolution 1920x1080 position 0 0\n") <
-            0) {
+    if (!config.open(QIODevice::WriteOnly) || config.write(swayConfig) < 0) {
         *error = QStringLiteral("cannot write the sway configuration");
         return false;
     }
@@ -89,11 +92,16 @@ bool HeadlessSway::start(QString *error)
     m_sway->setWorkingDirectory(dir);
     m_sway->setProcessChannelMode(QProcess::MergedChannels);
     m_sway->setStandardOutputFile(dir + u"/sway.log");
-    m_sway->start(QStringLiteral("setpriv"),
-                  {QStringLiteral("--reuid"), QString::number(user->pw_uid),
-                   QStringLiteral("--regid"), QString::number(user->pw_gid),
-                   QStringLiteral("--clear-groups"), QStringLiteral("sway"), QStringLiteral("-c"),
-                   config.fileName()});
+    QStringList arguments{QStringLiteral("-c"), config.fileName()};
+    QString program = QStringLiteral("sway");
+    if (root) {
+        arguments = QStringList{QStringLiteral("--reuid"),        QString::number(user->pw_uid),
+                                QStringLiteral("--regid"),        QString::number(user->pw_gid),
+                                QStringLiteral("--clear-groups"), program} +
+                    arguments;
+        program = QStringLiteral("setpriv");
+    }
+    m_sway->start(program, arguments);
     if (!m_sway->waitForStarted(5000)) {
         *error = QStringLiteral("sway did not start: ") + m_sway->errorString();
         return false;
