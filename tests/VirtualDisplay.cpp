@@ -1,5 +1,7 @@
 #include "VirtualDisplay.h"
 
+#include "TestProcess.h"
+
 #include <QDir>
 #include <QThread>
 
@@ -110,16 +112,7 @@ void VirtualDisplay::stopCompositor()
 
 bool VirtualDisplay::run(const QString &program, const QStringList &arguments, int timeoutMs) const
 {
-    QProcess process;
-    process.setProcessEnvironment(environment());
-    process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    process.start(program, arguments);
-    if (!process.waitForFinished(timeoutMs)) {
-        process.kill();
-        process.waitForFinished(1000);
-        return false;
-    }
-    return process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0;
+    return TestProcess::run(environment(), program, arguments, timeoutMs);
 }
 
 QImage VirtualDisplay::grab() const

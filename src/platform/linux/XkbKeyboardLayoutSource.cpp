@@ -79,16 +79,17 @@ void XkbKeyboardLayoutSource::setKeymap(xkb_keymap *keymap)
     notifyChange();
 }
 
-void XkbKeyboardLayoutSource::setActiveGroup(quint32 group)
+bool XkbKeyboardLayoutSource::setActiveGroup(quint32 group)
 {
     {
         const std::lock_guard guard(m_stateLock);
         if (group == m_group)
-            return;
+            return false;
         m_group = group;
         rebuildLocked();
     }
     notifyChange();
+    return true;
 }
 
 std::shared_ptr<xkb_keymap> XkbKeyboardLayoutSource::keymap() const

@@ -28,7 +28,8 @@ public:
     fromNames(const QString &layouts, const QString &variants = {}, const QString &options = {});
 
     void setKeymap(xkb_keymap *keymap);
-    void setActiveGroup(quint32 group);
+    // False when `group` was already the active one.
+    bool setActiveGroup(quint32 group);
     // The keymap now (a reference of the caller's own), for a capture that types with it.
     std::shared_ptr<xkb_keymap> keymap() const;
 
