@@ -71,6 +71,13 @@ void printHelp()
                 "Remote control of the running Vantrel (bind these to keys of your desktop):\n");
     for (const RemoteOption &option : remoteOptions)
         std::printf("  %-24s %s\n", option.option, option.help);
+    std::printf("\nSessions:\n"
+                "  X11      keys from the X server; overlays are X11 windows.\n"
+                "  Wayland  keys from the input devices (/dev/input, or the folder named by\n"
+                "           VANTREL_INPUT_DIR), named by the compositor's keymap; overlays are\n"
+                "           X11 windows through XWayland. Reading the devices needs the input\n"
+                "           group, or \"Allow\" in the settings (an administrator's password\n"
+                "           starts vantrel-input-helper through pkexec).\n");
     std::printf("\nSettings: %s\n", qPrintable(SettingsStore::standardFilePath()));
 }
 

@@ -1,11 +1,13 @@
 #include "platform/Platform.h"
 
+#include "platform/evdev/EvdevCaptureBackend.h"
 #include "platform/linux/TerminationSignalWatcher.h"
 #include "platform/linux/XkbKeyboardLayoutSource.h"
 #include "platform/x11/X11CaptureBackend.h"
 #include "platform/x11/X11CompositorWatcher.h"
 #include "platform/x11/X11HotKeyGrabber.h"
 #include "platform/x11/X11KeyRowRenderer.h"
+#include "platform/wayland/WaylandKeyboardLayoutMonitor.h"
 #include "platform/x11/X11KeyboardLayoutMonitor.h"
 
 #include <xcb/xcb.h>
@@ -36,9 +38,24 @@ void Platform::watchTerminationSignals(QObject *context, std::function<void()> h
                      std::move(handler));
 }
 
+bool Platform::isWaylandSession()
+{
+    return !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") ||
+           qgetenv("XDG_SESSION_TYPE") == "wayland";
+}
+
 std::shared_ptr<KeyboardLayoutSource> Platform::createKeyboardLayoutSource(QObject *owner)
 {
-    if (std::unique_ptr<X11KeyboardLayoutMonitor> monitor = X11KeyboardLayoutMonitor::create()) {
+    // In a Wayland session the compositor's keymap names keys; XWayland's knows only X11 windows.
+    if (isWaylandSession()) {
+        if (std::unique_ptr<WaylandKeyboardLayoutMonitor> monitor =
+                WaylandKeyboardLayoutMonitor::create()) {
+            std::shared_ptr<KeyboardLayoutSource> source = monitor->source();
+            monitor.release()->setParent(owner);
+            return source;
+        }
+    } else if (std::unique_ptr<X11KeyboardLayoutMonitor> monitor =
+                   X11KeyboardLayoutMonitor::create()) {
         std::shared_ptr<KeyboardLayoutSource> source = monitor->source();
         monitor.release()->setParent(owner);
         return source;
@@ -49,9 +66,12 @@ std::shared_ptr<KeyboardLayoutSource> Platform::createKeyboardLayoutSource(QObje
 std::unique_ptr<CaptureBackend>
 Platform::createCaptureBackend(const std::shared_ptr<KeyboardLayoutSource> &namingSource)
 {
-    // Only an xkbcommon layout can follow the server's keymap; any other source stays as it is.
-    return std::make_unique<X11CaptureBackend>(
-        QByteArray(), std::dynamic_pointer_cast<XkbKeyboardLayoutSource>(namingSource));
+    // Only an xkbcommon layout can follow the keymap; any other source stays as it is.
+    auto xkbSource = std::dynamic_pointer_cast<XkbKeyboardLayoutSource>(namingSource);
+    // X11 raw events under XWayland carry only the keys typed into X11 windows.
+    if (isWaylandSession())
+        return std::make_unique<EvdevCaptureBackend>(std::move(xkbSource));
+    return std::make_unique<X11CaptureBackend>(QByteArray(), std::move(xkbSource));
 }
 
 std::unique_ptr<HotKeyGrabber> Platform::createHotKeyGrabber()
