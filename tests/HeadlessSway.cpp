@@ -218,6 +218,27 @@ bool HeadlessSway::swaymsg(const QStringList &arguments) const
     return false;
 }
 
+QString HeadlessSway::startXWayland()
+{
+    // Run by sway, the command has XWayland's DISPLAY; its first X11 connection starts it.
+    const QString file = m_runtimeDir.filePath(QStringLiteral("x11-display"));
+    if (!swaymsg({QStringLiteral("exec"),
+                  QStringLiteral("xhost +si:localuser:root >/dev/null && echo $DISPLAY > %1.new "
+                                 "&& mv %1.new %1")
+                      .arg(file)}))
+        return {};
+    QString display;
+    waitUntil(
+        [&] {
+            QFile written(file);
+            if (written.open(QIODevice::ReadOnly))
+                display = QString::fromLocal8Bit(written.readAll()).trimmed();
+            return !display.isEmpty();
+        },
+        startTimeoutMs);
+    return display;
+}
+
 QImage HeadlessSway::grab() const
 {
     const QString file = m_runtimeDir.filePath(QStringLiteral("grab.png"));

@@ -31,6 +31,8 @@ public:
     bool run(const QString &program, const QStringList &arguments, int timeoutMs = 10000) const;
     // swaymsg with these arguments; true when sway accepted every command.
     bool swaymsg(const QStringList &arguments) const;
+    // Starts XWayland and lets root's X11 clients in; its DISPLAY, empty on failure.
+    QString startXWayland();
     // The whole output as grim reads it back; null on failure.
     QImage grab() const;
 

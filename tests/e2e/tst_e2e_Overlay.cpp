@@ -1,5 +1,6 @@
 // Whole-program tests: the real vantrel binary on a private two-monitor X server, keys pressed
 // with xdotool, and what a user would see read back from the screen.
+#include "CapFinder.h"
 #include "VirtualDisplay.h"
 #include "settings/AppSettings.h"
 #include "settings/SettingsStore.h"
@@ -20,41 +21,11 @@ namespace {
 
 const QRgb desktopColor = qRgb(0x20, 0x40, 0x60);
 
-bool differs(QRgb a, QRgb b)
-{
-    return qAbs(qRed(a) - qRed(b)) + qAbs(qGreen(a) - qGreen(b)) + qAbs(qBlue(a) - qBlue(b)) > 60;
-}
+using CapFinder::differs;
 
-// The caps visible in `area`: bounding boxes of the column runs that differ from the desktop.
 QList<QRect> findCaps(const QImage &screen, const QRect &area, QRgb background = desktopColor)
 {
-    QList<QRect> caps;
-    int runStart = -1, top = 0, bottom = 0;
-    for (int x = area.left(); x <= area.right() + 1; ++x) {
-        int columnTop = -1, columnBottom = -1;
-        if (x <= area.right()) {
-            for (int y = area.top(); y <= area.bottom(); ++y) {
-                if (differs(screen.pixel(x, y), background)) {
-                    if (columnTop < 0)
-                        columnTop = y;
-                    columnBottom = y;
-                }
-            }
-        }
-        if (columnTop >= 0) {
-            if (runStart < 0) {
-                runStart = x;
-                top = columnTop;
-                bottom = columnBottom;
-            }
-            top = qMin(top, columnTop);
-            bottom = qMax(bottom, columnBottom);
-        } else if (runStart >= 0) {
-            caps.append(QRect(QPoint(runStart, top), QPoint(x - 1, bottom)));
-            runStart = -1;
-        }
-    }
-    return caps;
+    return CapFinder::findCaps(screen, area, background);
 }
 
 int changedPixels(const QImage &screen, const QRect &area)
