@@ -479,7 +479,9 @@ void KeyManager::setListening(bool listening)
 
 void KeyManager::setPermission(bool granted, const QString &problem)
 {
-    m_inputMonitoringProblem = granted ? QString() : problem;
+    const QString shown = granted ? QString() : problem;
+    if (std::exchange(m_inputMonitoringProblem, shown) != shown)
+        emit inputMonitoringProblemChanged(shown);
     if (m_hasInputMonitoringPermission == granted)
         return;
     m_hasInputMonitoringPermission = granted;

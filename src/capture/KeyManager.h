@@ -79,6 +79,8 @@ signals:
     void isListeningChanged(bool isListening);
     void currentKeysChanged();
     void hasInputMonitoringPermissionChanged(bool granted);
+    // Why capture is not possible changed (empty: it is).
+    void inputMonitoringProblemChanged(const QString &problem);
 
 private:
     enum class Task { start, stop, ask, quit };

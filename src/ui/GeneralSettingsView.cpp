@@ -273,6 +273,10 @@ void GeneralSettingsView::showInputMonitoringInfo()
             &KeyManager::checkInputMonitoringPermission);
     connect(&sheet, &InputMonitoringSheet::allowRequested, &m_keyManager,
             &KeyManager::askForInputMonitoringAccess);
+    // What the last check or request found shows in the sheet, a refusal included.
+    sheet.setProblem(m_keyManager.inputMonitoringProblem());
+    connect(&m_keyManager, &KeyManager::inputMonitoringProblemChanged, &sheet,
+            &InputMonitoringSheet::setProblem);
     sheet.exec();
 }
 

@@ -6,7 +6,7 @@
 #include <QVBoxLayout>
 
 InputMonitoringSheet::InputMonitoringSheet(const QStringList &steps, bool canAllow, QWidget *parent)
-    : QDialog(parent), m_steps(new QLabel(numberedSteps(steps)))
+    : QDialog(parent), m_steps(new QLabel(numberedSteps(steps))), m_problem(new QLabel)
 {
     setWindowTitle(QStringLiteral("Input Monitoring"));
     setModal(true);
@@ -19,6 +19,9 @@ InputMonitoringSheet::InputMonitoringSheet(const QStringList &steps, bool canAll
 
     m_steps->setWordWrap(true);
     m_steps->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    m_problem->setObjectName(QStringLiteral("problem"));
+    m_problem->setWordWrap(true);
+    m_problem->hide();
 
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Close);
     auto *checkAgain = new QPushButton(QStringLiteral("Check Again"));
@@ -38,9 +41,16 @@ InputMonitoringSheet::InputMonitoringSheet(const QStringList &steps, bool canAll
     layout->setSpacing(12);
     layout->addWidget(heading);
     layout->addWidget(m_steps);
+    layout->addWidget(m_problem);
     layout->addSpacing(4);
     layout->addWidget(buttons);
     setMinimumWidth(380);
+}
+
+void InputMonitoringSheet::setProblem(const QString &problem)
+{
+    m_problem->setText(problem);
+    m_problem->setVisible(!problem.isEmpty());
 }
 
 QString InputMonitoringSheet::numberedSteps(const QStringList &steps)

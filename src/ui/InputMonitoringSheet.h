@@ -18,6 +18,9 @@ public:
     // The steps as shown: "1. ..." on the first line, "2. ..." on the next.
     static QString numberedSteps(const QStringList &steps);
     QLabel *stepsLabel() const { return m_steps; }
+    // Why Vantrel cannot read the keyboard now; empty hides the line.
+    void setProblem(const QString &problem);
+    QLabel *problemLabel() const { return m_problem; }
 
 signals:
     void checkAgainRequested();
@@ -26,4 +29,5 @@ signals:
 
 private:
     QLabel *m_steps;
+    QLabel *m_problem;
 };

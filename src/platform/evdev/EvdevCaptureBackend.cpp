@@ -182,11 +182,16 @@ CaptureBackend::Access EvdevCaptureBackend::checkAccess()
 {
     if (m_helperRunning)
         return {true, {}};
-    {
-        const std::lock_guard guard(m_keymapLock);
-        if (!m_helperProblem.isEmpty())
-            return {false, m_helperProblem};
-    }
+    Access access = checkDeviceAccess();
+    // Where the devices stay closed, what became of the helper says more.
+    const std::lock_guard guard(m_keymapLock);
+    if (!access.granted && !m_helperProblem.isEmpty())
+        access.reason = m_helperProblem;
+    return access;
+}
+
+CaptureBackend::Access EvdevCaptureBackend::checkDeviceAccess() const
+{
     if (!QFileInfo(m_folder).isDir())
         return {false, QStringLiteral("Vantrel finds no input devices: the folder %1 does not "
                                       "exist.")

@@ -86,6 +86,8 @@ private:
         EvdevDeviceProbe::Capabilities capabilities;
     };
 
+    // Whether this process can read a keyboard of the folder.
+    Access checkDeviceAccess() const;
     bool isDeviceName(const QString &name) const;
     QStringList deviceNames() const;
     // Opens a keyboard or mouse of the folder; fd -1 for anything else.
