@@ -2,6 +2,7 @@
 #include "platform/evdev/EvdevCaptureBackend.h"
 #include "platform/evdev/EvdevDeviceProbe.h"
 #include "platform/evdev/EvdevRecordReader.h"
+#include "platform/evdev/InputGroupMembership.h"
 #include "platform/linux/XkbKeyboardLayoutSource.h"
 
 #include <QDir>
@@ -16,6 +17,7 @@
 #include <thread>
 
 #include <fcntl.h>
+#include <pwd.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -173,6 +175,8 @@ private slots:
     void keyChanges_data();
     void keyChanges();
     void layoutTypesCharacters();
+    void inputGroupMembership_data();
+    void inputGroupMembership();
     void accessThroughTheHelper_data();
     void accessThroughTheHelper();
 };
@@ -464,6 +468,33 @@ void tst_EvdevCapture::layoutTypesCharacters()
     layout->setKeymap(us->keymap().get());
     QVERIFY(writeRecords(fifo, frames({{KEY_RIGHTALT, 0}, {KEY_Q, 0}, {KEY_Y, 1}})));
     QTRY_COMPARE(capture.recorder().characters(), QStringList({"z", "@", "Y"}));
+}
+
+void tst_EvdevCapture::inputGroupMembership_data()
+{
+    using Status = InputGroupMembership::Status;
+    QTest::addColumn<QString>("groups"); // a group database in /etc/group's format
+    QTest::addColumn<Status>("status");
+    const QString user = QString::fromLocal8Bit(getpwuid(getuid())->pw_name);
+    QTest::newRow("joined, session from before")
+        << "audio:x:29:\ninput:x:4242:alice," + user << Status::memberFromNextLogin;
+    QTest::newRow("not listed") << "input:x:4242:alice" << Status::notMember;
+    QTest::newRow("in this session")
+        << QStringLiteral("input:x:%1:").arg(getegid()) << Status::member;
+    QTest::newRow("no input group") << "audio:x:29:" + user << Status::notMember;
+}
+
+// Which of the access steps applies: the group database is a file of the test's own.
+void tst_EvdevCapture::inputGroupMembership()
+{
+    QFETCH(QString, groups);
+    QFETCH(InputGroupMembership::Status, status);
+    QTemporaryDir dir;
+    QFile file(dir.filePath("group"));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(groups.toLocal8Bit() + '\n');
+    file.close();
+    QCOMPARE(InputGroupMembership::status(file.fileName()), status);
 }
 
 void tst_EvdevCapture::accessThroughTheHelper_data()

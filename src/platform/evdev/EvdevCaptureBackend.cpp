@@ -2,6 +2,7 @@
 
 #include "capture/KeyCode.h"
 #include "platform/evdev/EvdevIoctlProbe.h"
+#include "platform/evdev/InputGroupMembership.h"
 #include "platform/linux/EvdevKeyCodeTable.h"
 #include "platform/linux/XkbKeyboardLayoutSource.h"
 #include "platform/linux/XkbStateReader.h"
@@ -205,6 +206,10 @@ CaptureBackend::Access EvdevCaptureBackend::checkDeviceAccess() const
             return {true, {}};
         denied = denied || entry.error == EACCES || entry.error == EPERM;
     }
+    if (denied &&
+        InputGroupMembership::status() == InputGroupMembership::Status::memberFromNextLogin)
+        return {false, QStringLiteral("You are in the input group, but this session began "
+                                      "before you joined it: log out and back in.")};
     if (denied)
         return {false, QStringLiteral("Vantrel cannot read the input devices in %1 (permission "
                                       "denied).")
