@@ -8,16 +8,16 @@ VANTREL_BUILD_DIR="${VANTREL_BUILD_DIR:-$VANTREL_ROOT/build}"
 BUILD_PACKAGES=(
     build-essential cmake ninja-build pkg-config
     qt6-base-dev qt6-base-dev-tools qt6-svg-dev libgl-dev
-    libxkbcommon-dev libxkbcommon-x11-dev xkb-data libwayland-dev
+    libxkbcommon-dev libxkbcommon-x11-dev xkb-data libwayland-dev libglib2.0-dev
     libxcb1-dev libxcb-xkb-dev libxcb-xinput-dev libxcb-xfixes0-dev libxcb-randr0-dev
     libxcb-shape0-dev libxcb-render0-dev libxcb-sync-dev libxcb-damage0-dev libxcb-xtest0-dev
     fonts-dejavu-core librsvg2-bin desktop-file-utils appstream
 )
 # A virtual display and the tools that drive it (tests read the screen through X itself).
 # Wayland tests run a headless sway (with XWayland) as an unprivileged user; wtype gives it a
-# keyboard.
+# keyboard. GNOME's input-source settings are written with gsettings.
 DISPLAY_PACKAGES=(xvfb xdotool x11-xserver-utils x11-xkb-utils x11-utils xcompmgr trayer openbox
-    dbus-daemon sway xwayland grim wtype util-linux)
+    dbus-daemon sway xwayland grim wtype util-linux gsettings-desktop-schemas libglib2.0-bin)
 # Screenshots of the demonstration on a machine without a display.
 DEMO_PACKAGES=(imagemagick)
 

@@ -1,13 +1,14 @@
 #include "platform/Platform.h"
 
 #include "platform/evdev/EvdevCaptureBackend.h"
+#include "platform/linux/DebianKeyboardDefaults.h"
 #include "platform/linux/TerminationSignalWatcher.h"
 #include "platform/linux/XkbKeyboardLayoutSource.h"
+#include "platform/wayland/WaylandKeyboardLayoutMonitor.h"
 #include "platform/x11/X11CaptureBackend.h"
 #include "platform/x11/X11CompositorWatcher.h"
 #include "platform/x11/X11HotKeyGrabber.h"
 #include "platform/x11/X11KeyRowRenderer.h"
-#include "platform/wayland/WaylandKeyboardLayoutMonitor.h"
 #include "platform/x11/X11KeyboardLayoutMonitor.h"
 
 #include <xcb/xcb.h>
@@ -59,6 +60,13 @@ std::shared_ptr<KeyboardLayoutSource> Platform::createKeyboardLayoutSource(QObje
         std::shared_ptr<KeyboardLayoutSource> source = monitor->source();
         monitor.release()->setParent(owner);
         return source;
+    }
+    // No keymap from the desktop (no seat, no display): the system's configured keyboard.
+    if (const std::optional<DebianKeyboardDefaults> defaults = DebianKeyboardDefaults::read();
+        defaults && !defaults->layout().isEmpty()) {
+        if (std::unique_ptr<XkbKeyboardLayoutSource> source = XkbKeyboardLayoutSource::fromNames(
+                defaults->layout(), defaults->variant(), defaults->options(), defaults->model()))
+            return source;
     }
     return XkbKeyboardLayoutSource::fromNames(QStringLiteral("us"));
 }

@@ -30,7 +30,8 @@ XkbKeyboardLayoutSource::~XkbKeyboardLayoutSource()
 
 std::unique_ptr<XkbKeyboardLayoutSource> XkbKeyboardLayoutSource::fromNames(const QString &layouts,
                                                                             const QString &variants,
-                                                                            const QString &options)
+                                                                            const QString &options,
+                                                                            const QString &model)
 {
     xkb_context *context = xkb_context_new(XKB_CONTEXT_NO_ENVIRONMENT_NAMES);
     if (!context) {
@@ -42,7 +43,8 @@ std::unique_ptr<XkbKeyboardLayoutSource> XkbKeyboardLayoutSource::fromNames(cons
     const QByteArray layoutBytes = layouts.toUtf8();
     const QByteArray variantBytes = variants.toUtf8();
     const QByteArray optionBytes = options.toUtf8();
-    const xkb_rule_names names{"evdev", "pc105", layoutBytes.constData(),
+    const QByteArray modelBytes = model.isEmpty() ? QByteArrayLiteral("pc105") : model.toUtf8();
+    const xkb_rule_names names{"evdev", modelBytes.constData(), layoutBytes.constData(),
                                variantBytes.isEmpty() ? nullptr : variantBytes.constData(),
                                optionBytes.isEmpty() ? nullptr : optionBytes.constData()};
     xkb_keymap *keymap =

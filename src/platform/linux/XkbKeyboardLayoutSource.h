@@ -22,10 +22,13 @@ public:
     XkbKeyboardLayoutSource(const XkbKeyboardLayoutSource &) = delete;
     XkbKeyboardLayoutSource &operator=(const XkbKeyboardLayoutSource &) = delete;
 
-    // A keymap compiled from xkeyboard-config names ("de", "us(dvorak)", "us,de"). Returns nullptr
-    // and says why on stderr when there is no such layout, variant or option.
-    static std::unique_ptr<XkbKeyboardLayoutSource>
-    fromNames(const QString &layouts, const QString &variants = {}, const QString &options = {});
+    // A keymap compiled from xkeyboard-config names ("de", "us(dvorak)", "us,de"; an empty model
+    // is "pc105"). Returns nullptr and says why on stderr when there is no such layout, variant or
+    // option.
+    static std::unique_ptr<XkbKeyboardLayoutSource> fromNames(const QString &layouts,
+                                                              const QString &variants = {},
+                                                              const QString &options = {},
+                                                              const QString &model = {});
 
     void setKeymap(xkb_keymap *keymap);
     // False when `group` was already the active one.

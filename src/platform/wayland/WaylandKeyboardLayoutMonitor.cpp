@@ -1,6 +1,8 @@
 #include "platform/wayland/WaylandKeyboardLayoutMonitor.h"
 
 #include "platform/linux/XkbKeyboardLayoutSource.h"
+#include "platform/wayland/GnomeInputSourcesWatcher.h"
+#include "platform/wayland/KdeKeyboardLayoutWatcher.h"
 #include "platform/wayland/SwayInputWatcher.h"
 
 #include <QSocketNotifier>
@@ -44,11 +46,25 @@ WaylandKeyboardLayoutMonitor::create(const QByteArray &displayName)
     }
     if (!monitor->m_source)
         return nullptr;
-    monitor->m_sway = SwayInputWatcher::create();
-    if (monitor->m_sway)
-        connect(monitor->m_sway.get(), &SwayInputWatcher::activeLayoutChanged, monitor.get(),
-                &WaylandKeyboardLayoutMonitor::setActiveGroup);
+    monitor->followDesktop();
     return monitor;
+}
+
+void WaylandKeyboardLayoutMonitor::followDesktop()
+{
+    // Each watcher is made only where its desktop can be (or speaks only when it runs).
+    m_sway = SwayInputWatcher::create();
+    if (m_sway)
+        connect(m_sway.get(), &SwayInputWatcher::activeLayoutChanged, this,
+                &WaylandKeyboardLayoutMonitor::setActiveGroup);
+    m_kde = KdeKeyboardLayoutWatcher::create();
+    if (m_kde)
+        connect(m_kde.get(), &KdeKeyboardLayoutWatcher::activeLayoutChanged, this,
+                &WaylandKeyboardLayoutMonitor::setActiveGroup);
+    m_gnome = GnomeInputSourcesWatcher::create();
+    if (m_gnome)
+        connect(m_gnome.get(), &GnomeInputSourcesWatcher::activeLayoutChanged, this,
+                &WaylandKeyboardLayoutMonitor::setActiveGroup);
 }
 
 WaylandKeyboardLayoutMonitor::WaylandKeyboardLayoutMonitor(wl_display *display,
@@ -69,6 +85,8 @@ WaylandKeyboardLayoutMonitor::~WaylandKeyboardLayoutMonitor()
 {
     m_notifier.reset();
     m_sway.reset();
+    m_kde.reset();
+    m_gnome.reset();
     if (m_keyboard)
         wl_keyboard_release(m_keyboard);
     if (m_seat)

@@ -6,6 +6,8 @@
 #include <memory>
 #include <mutex>
 
+class GnomeInputSourcesWatcher;
+class KdeKeyboardLayoutWatcher;
 class QSocketNotifier;
 class SwayInputWatcher;
 class XkbKeyboardLayoutSource;
@@ -18,14 +20,16 @@ struct xkb_context;
 // Follows the keyboard layout of a Wayland compositor: the keymap that wl_keyboard.keymap sends
 // to a connection of Vantrel's own (the desktop's layouts, variants and options, remaps included)
 // becomes an XkbKeyboardLayoutSource, loaded again whenever a new keymap arrives. The active
-// group comes from wl_keyboard.modifiers, which only a focused client receives, and from sway's
-// IPC where sway runs. The connection is read on the thread the monitor lives in (normally the
-// main thread). Keymap changes notify the source's change observers.
+// group comes from wl_keyboard.modifiers, which only a focused client receives, and from the
+// desktop's own signals where it switches layouts itself (sway's IPC, KDE's D-Bus service,
+// GNOME's input-source settings). The connection is read on the thread the monitor lives in
+// (normally the main thread). Keymap changes notify the source's change observers.
 class WaylandKeyboardLayoutMonitor final : public QObject {
     Q_OBJECT
 
 public:
-    // Connects to `displayName` (empty: $WAYLAND_DISPLAY) and follows sway at $SWAYSOCK when set.
+    // Connects to `displayName` (empty: $WAYLAND_DISPLAY) and follows sway at $SWAYSOCK when set,
+    // KDE Plasma when its keyboard service appears, GNOME when it is the desktop.
     // Returns nullptr when no compositor is reachable or it offers no seat with a keyboard.
     static std::unique_ptr<WaylandKeyboardLayoutMonitor> create(const QByteArray &displayName = {});
     ~WaylandKeyboardLayoutMonitor() override;
@@ -48,6 +52,7 @@ private:
     void updateKeyboard(bool present);
     void loadKeymap(int fd, quint32 size);
     void setActiveGroup(quint32 group);
+    void followDesktop();
     void readEvents();
 
     static void handleGlobal(void *data, wl_registry *registry, quint32 name, const char *interface,
@@ -66,6 +71,8 @@ private:
     std::shared_ptr<XkbKeyboardLayoutSource> m_source;
     std::unique_ptr<QSocketNotifier> m_notifier;
     std::unique_ptr<SwayInputWatcher> m_sway;
+    std::unique_ptr<KdeKeyboardLayoutWatcher> m_kde;
+    std::unique_ptr<GnomeInputSourcesWatcher> m_gnome;
 
     mutable std::mutex m_keymapLock;
     QByteArray m_keymapText;
