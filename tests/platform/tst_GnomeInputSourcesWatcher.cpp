@@ -54,7 +54,7 @@ private slots:
         QTest::newRow("first of mru") << "xkb:us xkb:de xkb:fr"
                                       << "xkb:de xkb:us" << 0u << 1;
         QTest::newRow("input method skipped") << "xkb:us ibus:anthy xkb:de"
-                                              << "ibus:anthy xkb:de xkb:us" << 0u << 2;
+                                              << "ibus:anthy xkb:de xkb:us" << 0u << 1;
         QTest::newRow("no mru: current") << "xkb:us xkb:de"
                                          << "" << 1u << 1;
         QTest::newRow("unknown id: current") << "xkb:us xkb:de"

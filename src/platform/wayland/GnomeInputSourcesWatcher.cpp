@@ -53,7 +53,9 @@ GnomeInputSourcesWatcher::activeGroup(const QList<InputSourcesSettings::Source> 
         index = current;
     if (index < 0)
         return std::nullopt;
-    return quint32(index) % sourcesPerKeymap;
+    // Input methods have no group of their own: only the layouts before it count.
+    const auto layouts = std::count_if(sources.begin(), sources.begin() + index, isXkb);
+    return quint32(layouts) % sourcesPerKeymap;
 }
 
 void GnomeInputSourcesWatcher::update()
