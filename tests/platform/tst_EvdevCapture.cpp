@@ -468,6 +468,12 @@ void tst_EvdevCapture::layoutTypesCharacters()
     layout->setKeymap(us->keymap().get());
     QVERIFY(writeRecords(fifo, frames({{KEY_RIGHTALT, 0}, {KEY_Q, 0}, {KEY_Y, 1}})));
     QTRY_COMPARE(capture.recorder().characters(), QStringList({"z", "@", "Y"}));
+
+    // A desktop's remap shows as the desktop does it: Caps Lock as Control is Control.
+    layout->setKeymap(XkbKeyboardLayoutSource::fromNames("us", {}, "ctrl:nocaps")->keymap().get());
+    QVERIFY(writeRecords(fifo, frames({{KEY_Y, 0}, {KEY_CAPSLOCK, 1}})));
+    QTRY_VERIFY(capture.recorder().events().contains(
+        described("flags", KeyCode::CapsLock, ModifierFlag::Control | ModifierFlag::CapsLock)));
 }
 
 void tst_EvdevCapture::inputGroupMembership_data()
