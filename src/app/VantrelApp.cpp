@@ -81,6 +81,19 @@ void printHelp()
     std::printf("\nSettings: %s\n", qPrintable(SettingsStore::standardFilePath()));
 }
 
+// The remote-control command of each shortcut name, for desktops where keys are bound to
+// commands in their own settings.
+QHash<QString, QString> desktopCommands()
+{
+    QHash<QString, QString> commands;
+    for (const GlobalShortcutNames::Entry &entry : GlobalShortcutNames::all())
+        for (const RemoteOption &option : remoteOptions)
+            if (entry.name == QLatin1String(option.method))
+                commands.insert(entry.name,
+                                QStringLiteral("vantrel ") + QString::fromLatin1(option.option));
+    return commands;
+}
+
 int callRunningInstance(int argc, char *argv[], const char *method)
 {
     QCoreApplication app(argc, argv);
@@ -186,7 +199,9 @@ VantrelApp::VantrelApp(SettingsStore &settings, bool remoteControl, QObject *par
     m_actions = std::make_unique<AppActions>(
         settings, *m_keyManager, displayStore.screenList(),
         [this](quint32 displayID) { m_positionCustomizer->showPositioningOverlay(displayID); });
-    m_shortcuts = std::make_unique<KeyboardShortcuts>(settings, Platform::createHotKeyGrabber());
+    std::unique_ptr<HotKeyGrabber> grabber = Platform::createHotKeyGrabber();
+    m_globalGrabsAvailable = grabber != nullptr;
+    m_shortcuts = std::make_unique<KeyboardShortcuts>(settings, std::move(grabber));
     registerGlobalShortcuts();
 
     m_trayMenu = std::make_unique<TrayMenu>(settings, *m_actions);
@@ -228,7 +243,8 @@ void VantrelApp::showSettings()
             [this](quint32 displayID) { m_positionCustomizer->showPositioningOverlay(displayID); });
         m_settingsView->setAppearanceContent(
             new AppearanceSettingsView(m_settings, CustomKeyStylePresetStore::shared()));
-        m_settingsView->setShortcutsContent(new KeyShortcutsSettingsView(*m_shortcuts));
+        m_settingsView->setShortcutsContent(new KeyShortcutsSettingsView(
+            *m_shortcuts, m_globalGrabsAvailable ? QHash<QString, QString>() : desktopCommands()));
     }
     m_settingsView->showAndRaise();
 }

@@ -67,5 +67,7 @@ private:
     std::unique_ptr<SettingsView> m_settingsView;
     std::unique_ptr<TrayMenu> m_trayMenu;
     std::unique_ptr<RemoteControl> m_remoteControl;
+    // Without them the Shortcuts tab shows the commands to bind in the desktop's settings.
+    bool m_globalGrabsAvailable = false;
     bool m_quitting = false;
 };

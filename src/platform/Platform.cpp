@@ -2,6 +2,7 @@
 
 #include "platform/evdev/EvdevCaptureBackend.h"
 #include "platform/linux/DebianKeyboardDefaults.h"
+#include "platform/linux/PortalHotKeyGrabber.h"
 #include "platform/linux/TerminationSignalWatcher.h"
 #include "platform/linux/XkbKeyboardLayoutSource.h"
 #include "platform/wayland/WaylandKeyboardLayoutMonitor.h"
@@ -84,6 +85,9 @@ Platform::createCaptureBackend(const std::shared_ptr<KeyboardLayoutSource> &nami
 
 std::unique_ptr<HotKeyGrabber> Platform::createHotKeyGrabber()
 {
+    // The desktop portal's shortcuts on request, until Wayland sessions choose them by themselves.
+    if (qgetenv("VANTREL_SHORTCUTS") == "portal")
+        return PortalHotKeyGrabber::create();
     return X11HotKeyGrabber::create();
 }
 

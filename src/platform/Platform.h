@@ -41,7 +41,8 @@ public:
     // connects to the display here, and two threads must not connect at once.
     static std::unique_ptr<CaptureBackend>
     createCaptureBackend(const std::shared_ptr<KeyboardLayoutSource> &namingSource);
-    // System-wide key grabs for KeyboardShortcuts; nothing when no display can be reached.
+    // System-wide key grabs for KeyboardShortcuts; nothing when no display can be reached. With
+    // VANTREL_SHORTCUTS=portal, the desktop portal's global shortcuts (nothing without a portal).
     static std::unique_ptr<HotKeyGrabber> createHotKeyGrabber();
     // Draws a key row into the overlay window `window` (a native window of the application)
     // through the display server; nothing when the display cannot.

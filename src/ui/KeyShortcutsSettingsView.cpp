@@ -5,14 +5,30 @@
 #include "ui/KeyboardShortcutRecorder.h"
 #include "ui/SettingsForm.h"
 
+#include <QLabel>
 #include <QVBoxLayout>
 
-KeyShortcutsSettingsView::KeyShortcutsSettingsView(KeyboardShortcuts &shortcuts, QWidget *parent)
+KeyShortcutsSettingsView::KeyShortcutsSettingsView(KeyboardShortcuts &shortcuts,
+                                                   const QHash<QString, QString> &desktopCommands,
+                                                   QWidget *parent)
     : QWidget(parent), m_shortcuts(shortcuts)
 {
     auto *form = new SettingsForm;
     QGroupBox *section = form->addSection(QStringLiteral("Global Shortcuts"));
+    if (!desktopCommands.isEmpty()) {
+        auto *note = new QLabel(QStringLiteral(
+            "This desktop lets you bind keys to Vantrel's commands in its keyboard settings"));
+        note->setWordWrap(true);
+        form->addWidget(section, note);
+    }
     for (const GlobalShortcutNames::Entry &entry : GlobalShortcutNames::all()) {
+        if (!desktopCommands.isEmpty()) {
+            // Selectable, so that the command can be copied into the desktop's settings.
+            auto *command = new QLabel(desktopCommands.value(entry.name));
+            command->setTextInteractionFlags(Qt::TextSelectableByMouse);
+            form->addRow(section, entry.title, QString(), command);
+            continue;
+        }
         auto *recorder = new KeyboardShortcutRecorder(shortcuts, entry.name);
         SettingsRow *row = form->addRow(section, entry.title, QString(), recorder);
         // Why a combination was refused shows under the row's title until the next attempt.

@@ -105,6 +105,35 @@ private slots:
         QCOMPARE(m_grabber->grabs.value(name), QKeyCombination(Qt::CTRL | Qt::ALT, Qt::Key_T));
     }
 
+    // Without global grabs the tab names the desktop's keyboard settings and shows, selectable,
+    // the command of each shortcut in place of its recorder.
+    void tabShowsCommandsWithoutGrabs()
+    {
+        const QStringList commands{u"vantrel --toggle"_qs, u"vantrel --increase-key-size"_qs,
+                                   u"vantrel --decrease-key-size"_qs,
+                                   u"vantrel --position-customizer"_qs,
+                                   u"vantrel --toggle-mouse-clicks"_qs};
+        const QStringList names{u"toggleVantrel"_qs, u"increaseKeySize"_qs, u"decreaseKeySize"_qs,
+                                u"openPositionCustomizer"_qs, u"toggleMouseClicks"_qs};
+        QHash<QString, QString> byName;
+        for (int i = 0; i < names.size(); ++i)
+            byName.insert(names.at(i), commands.at(i));
+        KeyShortcutsSettingsView tab(*m_shortcuts, byName);
+        QStringList shown;
+        bool noteShown = false;
+        for (const QLabel *label : tab.findChildren<QLabel *>()) {
+            noteShown = noteShown || label->text() ==
+                                         u"This desktop lets you bind keys to "
+                                         "Vantrel's commands in its keyboard settings"_qs;
+            if (label->text().startsWith(u"vantrel "_qs) &&
+                label->textInteractionFlags().testFlag(Qt::TextSelectableByMouse))
+                shown.append(label->text());
+        }
+        QVERIFY(noteShown);
+        QCOMPARE(shown, commands);
+        QVERIFY(!tab.recorder(m_name));
+    }
+
     void clearButtonShowsPlaceholder()
     {
         QTest::mouseClick(m_recorder->clearButton(), Qt::LeftButton);
