@@ -64,20 +64,34 @@ private slots:
     {
         QString error;
         QVERIFY2(m_sway.start(&error), qPrintable(error));
-        m_background = m_sway.grab().copy(band);
-        QVERIFY(!m_background.isNull());
     }
 
     void drawsAsThePainterDoes_data()
     {
         QTest::addColumn<QPointF>("movingFrom");
-        QTest::addRow("a still cap") << QPointF(-1, -1);
-        QTest::addRow("a cap that moves") << QPointF(40.0, 60.0);
+        QTest::addColumn<int>("scale");
+        QTest::addColumn<bool>("rescaled"); // the scale changes while the cap shows
+        QTest::addRow("a still cap") << QPointF(-1, -1) << 1 << false;
+        QTest::addRow("a cap that moves") << QPointF(40.0, 60.0) << 1 << false;
+        QTest::addRow("a still cap on an output of scale 2") << QPointF(-1, -1) << 2 << false;
+        QTest::addRow("a still cap on an output turned to scale 2") << QPointF(-1, -1) << 2 << true;
     }
 
     void drawsAsThePainterDoes()
     {
         QFETCH(QPointF, movingFrom);
+        QFETCH(int, scale);
+        QFETCH(bool, rescaled);
+        const auto setScale = [this](int factor) {
+            return m_sway.swaymsg({QStringLiteral("output"), QStringLiteral("HEADLESS-1"),
+                                   QStringLiteral("scale"), QString::number(factor)});
+        };
+        QVERIFY(setScale(rescaled ? 1 : scale));
+        // The screenshot has the output's pixels.
+        const QRect pixels(band.topLeft() * scale, band.size() * scale);
+        // The output keeps its pixels when its scale changes: the same ones lie below.
+        const QImage background = m_sway.grab().copy(pixels);
+        QVERIFY(!background.isNull());
         QTemporaryDir dir;
         SettingsStore settings(dir.filePath(QStringLiteral("s.conf")));
         auto view =
@@ -100,16 +114,19 @@ private slots:
         scene->rowOpacity = 0.9;
         scene->windowSize = band.size();
         renderer->setScene(scene);
+        if (rescaled)
+            QVERIFY(setScale(scale));
 
-        QImage painted(band.size(), QImage::Format_ARGB32_Premultiplied);
+        QImage painted(pixels.size(), QImage::Format_ARGB32_Premultiplied);
+        painted.setDevicePixelRatio(scale);
         painted.fill(Qt::transparent);
         {
             QPainter painter(&painted);
             view->paint(painter, capCenter, 0.0, 0.9);
         }
-        const QImage expected = composed(painted, m_background);
-        QTRY_VERIFY_WITH_TIMEOUT(largestDifference(m_sway.grab().copy(band), expected) <= tolerance,
-                                 5000);
+        const QImage expected = composed(painted, background);
+        QTRY_VERIFY_WITH_TIMEOUT(
+            largestDifference(m_sway.grab().copy(pixels), expected) <= tolerance, 5000);
 
         // Once the cap rests, no frame is asked for and nothing is committed.
         QTest::qWait(100);
@@ -119,12 +136,11 @@ private slots:
         QTest::qWait(300);
         QCOMPARE(renderer->frameCallbacksRequested(), requested);
         QCOMPARE(renderer->framesCommitted(), committed);
-        QCOMPARE(largestDifference(m_sway.grab().copy(band), expected) <= tolerance, true);
+        QCOMPARE(largestDifference(m_sway.grab().copy(pixels), expected) <= tolerance, true);
     }
 
 private:
     HeadlessSway m_sway{HeadlessSway::XWayland::disabled};
-    QImage m_background;
 };
 
 QTEST_MAIN(tst_WaylandKeyRowRenderer)

@@ -37,18 +37,11 @@ void ignoreGeometry(void *, wl_output *, qint32, qint32, qint32, qint32, qint32,
 {}
 void ignoreMode(void *, wl_output *, quint32, qint32, qint32, qint32) {}
 void ignoreDone(void *, wl_output *) {}
-void handleScale(void *data, wl_output *, qint32 factor)
-{
-    static_cast<WaylandKeyRowRenderer::Output *>(data)->scale = std::max(1, factor);
-}
 void handleName(void *data, wl_output *, const char *name)
 {
     static_cast<WaylandKeyRowRenderer::Output *>(data)->name = QString::fromUtf8(name);
 }
 void ignoreDescription(void *, wl_output *, const char *) {}
-
-const wl_output_listener outputListener{&ignoreGeometry, &ignoreMode, &ignoreDone,
-                                        &handleScale,    &handleName, &ignoreDescription};
 
 void ignorePosition(void *, zxdg_output_v1 *, qint32, qint32) {}
 void ignoreXdgDone(void *, zxdg_output_v1 *) {}
@@ -173,13 +166,38 @@ void WaylandKeyRowRenderer::handleGlobal(void *data, wl_registry *registry, quin
         output->renderer = self;
         output->globalName = name;
         output->output = static_cast<wl_output *>(bind(&wl_output_interface, outputVersion));
+        static const wl_output_listener outputListener{&ignoreGeometry, &ignoreMode,
+                                                       &ignoreDone,     &handleOutputScale,
+                                                       &handleName,     &ignoreDescription};
         wl_output_add_listener(output->output, &outputListener, output.get());
         self->m_outputs.push_back(std::move(output));
     }
 }
 
+void WaylandKeyRowRenderer::handleOutputScale(void *data, wl_output *, qint32 factor)
+{
+    auto *output = static_cast<Output *>(data);
+    output->scale = std::max(1, factor);
+    WaylandKeyRowRenderer *self = output->renderer;
+    if (self->m_output != output || !self->m_surface || output->scale == self->m_scale)
+        return;
+    // Buffers of the new scale, the row drawn again in one of them.
+    self->m_scale = output->scale;
+    self->freeBuffers();
+    if (!self->createBuffers(self->m_band.size() * self->m_scale)) {
+        self->stop("no memory for the overlay's buffers");
+        return;
+    }
+    wl_surface_set_buffer_scale(self->m_surface, self->m_scale);
+    self->m_shown = QRect(QPoint(0, 0), self->m_bufferSize);
+    self->m_capImages.assign(self->m_capImages.size(), {});
+    self->m_sceneChanged = true;
+    self->drawFrame();
+}
+
 bool WaylandKeyRowRenderer::createSurface(Output *output)
 {
+    m_output = output;
     m_scale = output ? output->scale : 1;
     m_surface = wl_compositor_create_surface(m_compositor);
     // No input at all: every click goes to what lies below.

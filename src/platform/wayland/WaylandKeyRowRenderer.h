@@ -97,6 +97,7 @@ private:
 
     static void handleGlobal(void *data, wl_registry *registry, quint32 name, const char *interface,
                              quint32 version);
+    static void handleOutputScale(void *data, wl_output *output, qint32 factor);
     static void handleConfigure(void *data, zwlr_layer_surface_v1 *surface, quint32 serial,
                                 quint32 width, quint32 height);
     static void handleClosed(void *data, zwlr_layer_surface_v1 *surface);
@@ -111,6 +112,7 @@ private:
     zwlr_layer_shell_v1 *m_layerShell = nullptr;
     zxdg_output_manager_v1 *m_xdgOutputManager = nullptr;
     std::vector<std::unique_ptr<Output>> m_outputs;
+    Output *m_output = nullptr; // the surface's; none when the compositor chose
     int m_scale = 1;
 
     wl_surface *m_surface = nullptr;
