@@ -8,7 +8,8 @@ VANTREL_BUILD_DIR="${VANTREL_BUILD_DIR:-$VANTREL_ROOT/build}"
 BUILD_PACKAGES=(
     build-essential cmake ninja-build pkg-config
     qt6-base-dev qt6-base-dev-tools qt6-svg-dev libgl-dev
-    libxkbcommon-dev libxkbcommon-x11-dev xkb-data libwayland-dev libglib2.0-dev
+    libxkbcommon-dev libxkbcommon-x11-dev xkb-data libwayland-dev libwayland-bin wayland-protocols
+    libglib2.0-dev
     libxcb1-dev libxcb-xkb-dev libxcb-xinput-dev libxcb-xfixes0-dev libxcb-randr0-dev
     libxcb-shape0-dev libxcb-render0-dev libxcb-sync-dev libxcb-damage0-dev libxcb-xtest0-dev
     fonts-dejavu-core librsvg2-bin desktop-file-utils appstream

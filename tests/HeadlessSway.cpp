@@ -23,9 +23,8 @@ namespace {
 // The unprivileged user that runs sway; it owns only the private runtime folder.
 constexpr char swayUser[] = "nobody";
 constexpr int startTimeoutMs = 15000;
-// XWayland starts when an X11 client first connects.
-constexpr char swayConfig[] = "xwayland enable\n"
-                              "output HEADLESS-1 resolution 1920x1080 position 0 0\n";
+// XWayland (when enabled) starts when an X11 client first connects.
+constexpr char swayOutputConfig[] = "output HEADLESS-1 resolution 1920x1080 position 0 0\n";
 // How long the virtual keyboard stays (wtype pauses this many milliseconds): longer than a test.
 constexpr char keyboardLifetimeMs[] = "2000000";
 
@@ -42,7 +41,7 @@ bool waitUntil(const std::function<bool()> &condition, int timeoutMs)
 
 } // namespace
 
-HeadlessSway::HeadlessSway() = default;
+HeadlessSway::HeadlessSway(XWayland xwayland) : m_xwayland(xwayland) {}
 
 HeadlessSway::~HeadlessSway()
 {
@@ -74,6 +73,9 @@ bool HeadlessSway::start(QString *error)
         return false;
     }
     QFile config(dir + u"/config");
+    const QByteArray swayConfig =
+        QByteArray(m_xwayland == XWayland::onDemand ? "xwayland enable\n" : "xwayland disable\n") +
+        swayOutputConfig;
     if (!config.open(QIODevice::WriteOnly) || config.write(swayConfig) < 0) {
         *error = QStringLiteral("cannot write the sway configuration");
         return false;

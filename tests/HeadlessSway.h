@@ -14,7 +14,10 @@
 // (the tests) connect to its sockets; everything stops on destruction.
 class HeadlessSway final {
 public:
-    HeadlessSway();
+    // Whether X11 clients can start XWayland; without it only Wayland clients can show.
+    enum class XWayland { onDemand, disabled };
+
+    explicit HeadlessSway(XWayland xwayland = XWayland::onDemand);
     ~HeadlessSway();
 
     // Starts sway and its keyboard; false with a reason on failure (sway missing included).
@@ -41,6 +44,7 @@ private:
     bool startKeyboard(QString *error);
     QString log() const;
 
+    const XWayland m_xwayland;
     QTemporaryDir m_runtimeDir;
     std::unique_ptr<QProcess> m_sway;
     std::unique_ptr<QProcess> m_keyboard;

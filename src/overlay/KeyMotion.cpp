@@ -3,6 +3,7 @@
 #include "overlay/KeyView.h"
 
 #include <algorithm>
+#include <cmath>
 
 using KeyAnimationStyle = AppSettings::KeyAnimationStyle;
 
@@ -95,4 +96,20 @@ QRectF KeyMotion::visualRect(const KeyView &view, double time, const Look &curre
     const QRectF frame(middle.x() - size.width() / 2.0, middle.y() - size.height() / 2.0,
                        size.width(), size.height());
     return frame.marginsAdded(view.visualMargins() * current.scale);
+}
+
+QRect KeyMotion::Drawing::imageRect(const QSize &imageSize, const QPointF &imageOffset,
+                                    const QPoint &origin, double dpr) const
+{
+    const QPointF corner =
+        (center - QPointF(origin) +
+         scale * (QPointF(-frameSize.width() / 2.0, -frameSize.height() / 2.0) + imageOffset)) *
+        dpr;
+    const QSize pixels = scale == 1.0
+                             ? imageSize
+                             : QSize(static_cast<int>(std::lround(imageSize.width() * scale)),
+                                     static_cast<int>(std::lround(imageSize.height() * scale)));
+    return {QPoint(static_cast<int>(std::lround(corner.x())),
+                   static_cast<int>(std::lround(corner.y()))),
+            pixels};
 }

@@ -4,6 +4,7 @@
 #include "settings/AppSettings.h"
 
 #include <QPointF>
+#include <QRect>
 #include <QRectF>
 
 class KeyView;
@@ -32,6 +33,11 @@ struct KeyMotion final {
         double imageOpacity = 1.0;
         double drawOpacity = 1.0;
         bool isVisible() const { return drawOpacity > 0.0 && scale > 0.0; }
+        // Where a renderer puts the cap's image (of `imageSize` pixels, drawn `imageOffset` from
+        // the cap's frame) in a window whose top-left corner is `origin` in the row, in pixels
+        // at `dpr`: whole pixels, so that a scaled image is sampled on them.
+        QRect imageRect(const QSize &imageSize, const QPointF &imageOffset, const QPoint &origin,
+                        double dpr) const;
     };
 
     Phase phase = Phase::shown;

@@ -418,27 +418,14 @@ bool X11KeyRowRenderer::placeFrame(double time, Frame &frame)
         }
         if (image.image.isNull())
             continue;
-        // The image's top-left corner; growing or shrinking caps are sampled on whole pixels.
-        const double scale = drawing.scale;
-        const QSizeF size = drawing.frameSize;
-        const QPointF corner =
-            (drawing.center - QPointF(scene.origin) +
-             scale * (QPointF(-size.width() / 2.0, -size.height() / 2.0) + image.offset)) *
-            dpr;
-        const QSize pixels =
-            scale == 1.0 ? image.image.size()
-                         : QSize(static_cast<int>(std::lround(image.image.width() * scale)),
-                                 static_cast<int>(std::lround(image.image.height() * scale)));
-        if (pixels.isEmpty())
+        const QRect rect = drawing.imageRect(image.image.size(), image.offset, scene.origin, dpr);
+        if (rect.isEmpty())
             continue;
-        const QRect rect(QPoint(static_cast<int>(std::lround(corner.x())),
-                                static_cast<int>(std::lround(corner.y()))),
-                         pixels);
         frame.placements.push_back(
             {pictureFor(image.image, transient), !transient,
              drawing.drawOpacity < 1.0 ? opacityMask(drawing.drawOpacity) : std::uint32_t{XCB_NONE},
-             rect, double(image.image.width()) / pixels.width(),
-             double(image.image.height()) / pixels.height()});
+             rect, double(image.image.width()) / rect.width(),
+             double(image.image.height()) / rect.height()});
         frame.covered |= rect;
     }
     return moving;

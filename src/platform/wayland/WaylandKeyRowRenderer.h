@@ -1,0 +1,141 @@
+#pragma once
+
+#include "overlay/KeyEffectCache.h"
+#include "overlay/KeyRowRenderer.h"
+
+#include <QByteArray>
+#include <QImage>
+#include <QPointF>
+#include <QRect>
+#include <QString>
+
+#include <array>
+#include <memory>
+#include <vector>
+
+class QSocketNotifier;
+struct wl_buffer;
+struct wl_callback;
+struct wl_compositor;
+struct wl_display;
+struct wl_output;
+struct wl_registry;
+struct wl_shm;
+struct wl_shm_pool;
+struct wl_surface;
+struct zwlr_layer_shell_v1;
+struct zwlr_layer_surface_v1;
+struct zxdg_output_manager_v1;
+struct zxdg_output_v1;
+
+// Draws a key row on a layer surface of the compositor's overlay layer (wlr layer shell), on a
+// Wayland connection of its own read on the thread it lives in (normally the main thread).
+//
+// The surface covers the row's band of one output, passes every click through (an empty input
+// region) and takes no keyboard focus. Frames are painted with QPainter into one of two shared
+// memory buffers (one the compositor still reads is never drawn into) from the caps' images, as
+// the X11 renderer composes them. While anything moves, the compositor paces the frames with
+// frame callbacks; an idle row commits nothing. Integer output scales are honoured; a fractional
+// scale is drawn at the integer scale the compositor announces.
+class WaylandKeyRowRenderer final : public KeyRowRenderer {
+public:
+    // A layer surface over `band` (logical pixels, relative to the output's top-left corner) of
+    // the output named `outputName` (its connector name, as QScreen::name() gives it; empty: the
+    // compositor chooses), on the compositor at `displayName` (empty: $WAYLAND_DISPLAY).
+    // Nothing when no compositor answers, it lacks the layer shell, or no output has that name.
+    static std::unique_ptr<WaylandKeyRowRenderer>
+    create(const QString &outputName, const QRect &band, const QByteArray &displayName = {});
+    ~WaylandKeyRowRenderer() override;
+
+    void setScene(std::shared_ptr<const KeyRowScene> scene) override;
+    void warmUp(const std::vector<std::shared_ptr<const KeyView>> &views, double opacity,
+                bool opaque, double devicePixelRatio) override;
+
+    // Frame callbacks asked of the compositor so far: none are asked while the row is idle.
+    quint64 frameCallbacksRequested() const { return m_frameRequests; }
+    // Buffers committed so far.
+    quint64 framesCommitted() const { return m_commits; }
+    // The compositor has sized the surface and it draws.
+    bool isShowing() const { return m_configured && !m_stopped; }
+
+    // Output lookup while the connection is set up; the listeners' state.
+    struct Output {
+        WaylandKeyRowRenderer *renderer = nullptr;
+        wl_output *output = nullptr;
+        zxdg_output_v1 *xdgOutput = nullptr;
+        quint32 globalName = 0;
+        QString name;
+        int scale = 1;
+    };
+    struct Buffer {
+        WaylandKeyRowRenderer *renderer = nullptr;
+        wl_buffer *buffer = nullptr;
+        QImage image; // over the shared memory
+        bool busy = false;
+        QRect ink; // where the buffer holds caps
+    };
+
+private:
+    struct CapImage {
+        QImage image;
+        QPointF offset;
+        double opacity = -1.0;
+    };
+
+    WaylandKeyRowRenderer(wl_display *display, const QRect &band);
+    bool connect(const QString &outputName);
+    bool createSurface(Output *output);
+    bool createBuffers(const QSize &pixels);
+    void freeBuffers();
+    // Paints and commits the scene as of now, in a free buffer; asks for the next frame while
+    // anything moves.
+    void drawFrame();
+    void stop(const char *reason);
+    void destroySurface();
+    void readEvents();
+    void flush();
+
+    static void handleGlobal(void *data, wl_registry *registry, quint32 name, const char *interface,
+                             quint32 version);
+    static void handleOutputScale(void *data, wl_output *output, qint32 factor);
+    static void handleConfigure(void *data, zwlr_layer_surface_v1 *surface, quint32 serial,
+                                quint32 width, quint32 height);
+    static void handleClosed(void *data, zwlr_layer_surface_v1 *surface);
+    static void handleFrameDone(void *data, wl_callback *callback, quint32 time);
+    static void handleRelease(void *data, wl_buffer *buffer);
+
+    wl_display *const m_display;
+    const QRect m_band;
+    wl_registry *m_registry = nullptr;
+    wl_compositor *m_compositor = nullptr;
+    wl_shm *m_shm = nullptr;
+    zwlr_layer_shell_v1 *m_layerShell = nullptr;
+    zxdg_output_manager_v1 *m_xdgOutputManager = nullptr;
+    std::vector<std::unique_ptr<Output>> m_outputs;
+    Output *m_output = nullptr; // the surface's; none when the compositor chose
+    int m_scale = 1;
+
+    wl_surface *m_surface = nullptr;
+    zwlr_layer_surface_v1 *m_layerSurface = nullptr;
+    wl_callback *m_frameCallback = nullptr;
+    std::unique_ptr<QSocketNotifier> m_notifier;
+
+    wl_shm_pool *m_pool = nullptr;
+    void *m_memory = nullptr;
+    std::size_t m_memorySize = 0;
+    std::array<Buffer, 2> m_buffers;
+    QSize m_bufferSize;
+
+    std::shared_ptr<const KeyRowScene> m_scene;
+    std::vector<CapImage> m_capImages; // per cap of the scene, once drawn
+    KeyEffectCache m_effects;
+    quint64 m_lookGeneration = 0;
+    QRect m_shown; // where the committed frame has caps
+    bool m_configured = false;
+    bool m_stopped = false;
+    bool m_moving = false;
+    bool m_sceneChanged = false; // a scene not drawn yet
+    bool m_waitingForBuffer = false;
+    quint64 m_frameRequests = 0;
+    quint64 m_commits = 0;
+};
