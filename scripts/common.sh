@@ -18,7 +18,8 @@ BUILD_PACKAGES=(
 # Wayland tests run a headless sway (with XWayland) as an unprivileged user; wtype gives it a
 # keyboard. GNOME's input-source settings are written with gsettings.
 DISPLAY_PACKAGES=(xvfb xdotool x11-xserver-utils x11-xkb-utils x11-utils xcompmgr trayer openbox
-    dbus-daemon sway xwayland grim wtype util-linux gsettings-desktop-schemas libglib2.0-bin)
+    dbus-daemon sway xwayland grim wtype util-linux gsettings-desktop-schemas libglib2.0-bin
+    qt6-wayland)
 # Screenshots of the demonstration on a machine without a display.
 DEMO_PACKAGES=(imagemagick)
 

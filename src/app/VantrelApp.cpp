@@ -75,9 +75,11 @@ void printHelp()
                 "  X11      keys from the X server; overlays are X11 windows.\n"
                 "  Wayland  keys from the input devices (/dev/input, or the folder named by\n"
                 "           VANTREL_INPUT_DIR), named by the compositor's keymap; overlays are\n"
-                "           X11 windows through XWayland. Reading the devices needs the input\n"
-                "           group, or \"Allow\" in the settings (an administrator's password\n"
-                "           starts vantrel-input-helper through pkexec).\n");
+                "           layer surfaces where the compositor offers the layer shell, X11\n"
+                "           windows through XWayland otherwise. VANTREL_OVERLAY=wayland or\n"
+                "           VANTREL_OVERLAY=x11 chooses one of the two. Reading the devices needs\n"
+                "           the input group, or \"Allow\" in the settings (an administrator's\n"
+                "           password starts vantrel-input-helper through pkexec).\n");
     std::printf("\nSettings: %s\n", qPrintable(SettingsStore::standardFilePath()));
 }
 
@@ -137,9 +139,11 @@ int VantrelApp::main(int argc, char *argv[])
         std::fprintf(stderr, "vantrel: %s\n", qPrintable(problem));
         return 1;
     }
-    // Capture and overlays are X11's; under a Wayland session Vantrel runs through XWayland.
+    // Overlays on layer surfaces need no X11 at all: Qt's own windows (settings, tray) are then
+    // Wayland windows too. Otherwise the overlays are X11 windows, through XWayland in a Wayland
+    // session.
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "xcb");
+        qputenv("QT_QPA_PLATFORM", Platform::drawsOverlaysOnLayerShell() ? "wayland" : "xcb");
 
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Vantrel"));
@@ -181,8 +185,14 @@ VantrelApp::VantrelApp(SettingsStore &settings, bool remoteControl, QObject *par
         settings, Platform::createCaptureBackend(m_layoutSource),
         KeyboardLayoutTranslator::shared(), &displayStore, m_windowFactory.get());
     m_windowFactory->setKeyManager(m_keyManager.get());
-    m_windowFactory->setRendererFactory(
-        [](WId window) { return Platform::createKeyRowRenderer(window); });
+    if (Platform::drawsOverlaysOnLayerShell())
+        m_windowFactory->setSurfaceRendererFactory(
+            [](const QString &outputName, const QRect &band) {
+                return Platform::createLayerShellKeyRowRenderer(outputName, band);
+            });
+    else
+        m_windowFactory->setRendererFactory(
+            [](WId window) { return Platform::createKeyRowRenderer(window); });
 
     connect(m_keyManager.get(), &KeyManager::isListeningChanged, this,
             &VantrelApp::reportListening);
@@ -264,12 +274,12 @@ void VantrelApp::registerGlobalShortcuts()
     // Said once; the Shortcuts tab shows it too, and tries again when it opens.
     for (const GlobalShortcutNames::Entry &entry : GlobalShortcutNames::all())
         if (m_shortcuts->isTakenByAnotherProgram(entry.name))
-            std::fprintf(stderr,
-                         "vantrel: the shortcut %s of \"%s\" is already used by another program; "
-                         "it does nothing until that program lets it go\n",
-                         qPrintable(m_shortcuts->shortcut(entry.name).toString(
-                             QKeySequence::PortableText)),
-                         qPrintable(entry.title));
+            std::fprintf(
+                stderr,
+                "vantrel: the shortcut %s of \"%s\" is already used by another program; "
+                "it does nothing until that program lets it go\n",
+                qPrintable(m_shortcuts->shortcut(entry.name).toString(QKeySequence::PortableText)),
+                qPrintable(entry.title));
 }
 
 void VantrelApp::showShortcutInMenu(const QString &name)

@@ -2,13 +2,15 @@
 
 #include "capture/KeyDisplayWindow.h"
 #include "overlay/KeyDisplayOverlayWindow.h"
+#include "overlay/KeyDisplaySurfaceOverlay.h"
 
 class CompositorWatcher;
 class DisplaySettingsStore;
 class KeyManager;
 class SettingsStore;
 
-// Makes KeyDisplayOverlayWindow windows bound to the program's key manager and stores.
+// Makes KeyDisplayOverlayWindow windows (or, where the compositor gives overlays surfaces of
+// their own, KeyDisplaySurfaceOverlay overlays) bound to the program's key manager and stores.
 class KeyDisplayOverlayWindowFactory final : public KeyDisplayWindowFactory {
 public:
     KeyDisplayOverlayWindowFactory(DisplaySettingsStore &displayStore, SettingsStore &settings,
@@ -21,6 +23,11 @@ public:
     {
         m_makeRenderer = std::move(factory);
     }
+    // Where the compositor gives each overlay a surface of its own: no windows are made.
+    void setSurfaceRendererFactory(KeyDisplaySurfaceOverlay::RendererFactory factory)
+    {
+        m_makeSurfaceRenderer = std::move(factory);
+    }
 
     std::unique_ptr<KeyDisplayWindow> createWindow(quint32 displayID,
                                                    const QRect &screenFrame) override;
@@ -31,4 +38,5 @@ private:
     SettingsStore &m_settings;
     CompositorWatcher *m_compositor;
     KeyDisplayOverlayWindow::RendererFactory m_makeRenderer;
+    KeyDisplaySurfaceOverlay::RendererFactory m_makeSurfaceRenderer;
 };

@@ -5,6 +5,7 @@
 #include "platform/linux/PortalHotKeyGrabber.h"
 #include "platform/linux/TerminationSignalWatcher.h"
 #include "platform/linux/XkbKeyboardLayoutSource.h"
+#include "platform/wayland/WaylandKeyRowRenderer.h"
 #include "platform/wayland/WaylandKeyboardLayoutMonitor.h"
 #include "platform/x11/X11CaptureBackend.h"
 #include "platform/x11/X11CompositorWatcher.h"
@@ -14,9 +15,30 @@
 
 #include <xcb/xcb.h>
 
+namespace {
+// VANTREL_OVERLAY: empty (chosen by the session), "x11" or "wayland".
+bool overlayChoiceIsValid(const QByteArray &choice)
+{
+    return choice.isEmpty() || choice == "x11" || choice == "wayland";
+}
+} // namespace
+
 QString Platform::displayProblem()
 {
+    const QByteArray choice = qgetenv("VANTREL_OVERLAY");
+    if (!overlayChoiceIsValid(choice))
+        return QStringLiteral("VANTREL_OVERLAY must be \"x11\" or \"wayland\", not \"%1\"")
+            .arg(QString::fromLocal8Bit(choice));
+    if (drawsOverlaysOnLayerShell()) {
+        if (!WaylandKeyRowRenderer::isOffered())
+            return QStringLiteral("no Wayland compositor with the layer shell answers "
+                                  "(VANTREL_OVERLAY=wayland needs one)");
+        return {};
+    }
     const QByteArray display = qgetenv("DISPLAY");
+    if (display.isEmpty() && isWaylandSession() && choice.isEmpty())
+        return QStringLiteral("no display for the overlays: the Wayland compositor offers no layer "
+                              "shell and DISPLAY is not set (no XWayland)");
     if (display.isEmpty())
         return QStringLiteral("no X11 display: DISPLAY is not set (Vantrel needs an X11 desktop)");
     xcb_connection_t *connection = xcb_connect(display.constData(), nullptr);
@@ -44,6 +66,19 @@ bool Platform::isWaylandSession()
 {
     return !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") ||
            qgetenv("XDG_SESSION_TYPE") == "wayland";
+}
+
+bool Platform::drawsOverlaysOnLayerShell()
+{
+    static const bool layerShell = [] {
+        const QByteArray choice = qgetenv("VANTREL_OVERLAY");
+        if (choice == "wayland")
+            return true;
+        if (!choice.isEmpty())
+            return false;
+        return isWaylandSession() && WaylandKeyRowRenderer::isOffered();
+    }();
+    return layerShell;
 }
 
 std::shared_ptr<KeyboardLayoutSource> Platform::createKeyboardLayoutSource(QObject *owner)
@@ -94,4 +129,10 @@ std::unique_ptr<HotKeyGrabber> Platform::createHotKeyGrabber()
 std::unique_ptr<KeyRowRenderer> Platform::createKeyRowRenderer(quintptr window)
 {
     return X11KeyRowRenderer::create(static_cast<quint32>(window));
+}
+
+std::unique_ptr<KeyRowRenderer> Platform::createLayerShellKeyRowRenderer(const QString &outputName,
+                                                                         const QRect &band)
+{
+    return WaylandKeyRowRenderer::create(outputName, band);
 }

@@ -12,6 +12,7 @@ class HotKeyGrabber;
 class KeyboardLayoutSource;
 class KeyRowRenderer;
 class QObject;
+class QRect;
 
 // Factories for the platform's implementations of the interfaces that the rest of Vantrel uses.
 // The backend is chosen at build time; nothing outside src/platform/ includes platform headers.
@@ -19,12 +20,16 @@ class Platform final {
 public:
     Platform() = delete;
 
-    // Why no display can be used (empty when one can): the program needs an X11 display.
+    // Why no display can be used for the overlays (empty when one can): the compositor's layer
+    // shell where overlays are drawn there, an X11 display otherwise.
     static QString displayProblem();
     // A Wayland session (WAYLAND_DISPLAY or XDG_SESSION_TYPE says so): keys come from the input
-    // devices and are named by the compositor's keymap; the overlays stay X11 windows, drawn
-    // through XWayland.
+    // devices and are named by the compositor's keymap.
     static bool isWaylandSession();
+    // Overlays are layer surfaces of the compositor (and Qt runs on its wayland platform): in a
+    // Wayland session whose compositor offers the layer shell, or when VANTREL_OVERLAY=wayland.
+    // VANTREL_OVERLAY=x11 keeps X11 windows, through XWayland in a Wayland session. Decided once.
+    static bool drawsOverlaysOnLayerShell();
     // Follows whether a compositing manager runs; nothing when no display can be reached.
     static std::unique_ptr<CompositorWatcher> createCompositorWatcher();
     // Calls `handler` on the main thread when the process is asked to terminate (SIGINT, SIGTERM).
@@ -47,4 +52,8 @@ public:
     // Draws a key row into the overlay window `window` (a native window of the application)
     // through the display server; nothing when the display cannot.
     static std::unique_ptr<KeyRowRenderer> createKeyRowRenderer(quintptr window);
+    // Draws a key row on a layer surface over `band` of the output named `outputName`; nothing
+    // when the compositor cannot.
+    static std::unique_ptr<KeyRowRenderer> createLayerShellKeyRowRenderer(const QString &outputName,
+                                                                          const QRect &band);
 };

@@ -101,6 +101,8 @@ private slots:
         m_trayHost.start(QStringLiteral("trayer"),
                          {QStringLiteral("--edge"), QStringLiteral("top")});
         QVERIFY(m_trayHost.waitForStarted());
+        // Sway offers the layer shell; these overlays are to stay X11 windows.
+        env.insert(QStringLiteral("VANTREL_OVERLAY"), QStringLiteral("x11"));
         env.insert(QStringLiteral("VANTREL_INPUT_DIR"), m_devices.path());
         env.insert(QStringLiteral("XDG_CONFIG_HOME"), m_config.path());
         env.remove(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"));

@@ -64,6 +64,7 @@ private slots:
     {
         QString error;
         QVERIFY2(m_sway.start(&error), qPrintable(error));
+        QVERIFY(WaylandKeyRowRenderer::isOffered(m_sway.waylandDisplay().toLocal8Bit()));
     }
 
     void drawsAsThePainterDoes_data()

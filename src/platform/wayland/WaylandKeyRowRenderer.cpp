@@ -73,6 +73,31 @@ std::unique_ptr<WaylandKeyRowRenderer> WaylandKeyRowRenderer::create(const QStri
     return renderer;
 }
 
+bool WaylandKeyRowRenderer::isOffered(const QByteArray &displayName)
+{
+    // Without a runtime folder libwayland cannot find a socket and says so on stderr.
+    const QByteArray name = displayName.isEmpty() ? qgetenv("WAYLAND_DISPLAY") : displayName;
+    if (!name.startsWith('/') && qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR"))
+        return false;
+    wl_display *display =
+        wl_display_connect(displayName.isEmpty() ? nullptr : displayName.constData());
+    if (!display)
+        return false;
+    bool offered = false;
+    static const wl_registry_listener listener{
+        [](void *data, wl_registry *, quint32, const char *interface, quint32) {
+            if (std::strcmp(interface, zwlr_layer_shell_v1_interface.name) == 0)
+                *static_cast<bool *>(data) = true;
+        },
+        [](void *, wl_registry *, quint32) {}};
+    wl_registry *registry = wl_display_get_registry(display);
+    wl_registry_add_listener(registry, &listener, &offered);
+    const bool answered = wl_display_roundtrip(display) >= 0;
+    wl_registry_destroy(registry);
+    wl_display_disconnect(display);
+    return answered && offered;
+}
+
 WaylandKeyRowRenderer::WaylandKeyRowRenderer(wl_display *display, const QRect &band)
     : m_display(display), m_band(band)
 {}

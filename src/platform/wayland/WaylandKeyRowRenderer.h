@@ -45,6 +45,9 @@ public:
     // Nothing when no compositor answers, it lacks the layer shell, or no output has that name.
     static std::unique_ptr<WaylandKeyRowRenderer>
     create(const QString &outputName, const QRect &band, const QByteArray &displayName = {});
+    // Whether the compositor at `displayName` (empty: $WAYLAND_DISPLAY) offers the layer shell,
+    // asked once on a connection of its own.
+    static bool isOffered(const QByteArray &displayName = {});
     ~WaylandKeyRowRenderer() override;
 
     void setScene(std::shared_ptr<const KeyRowScene> scene) override;
