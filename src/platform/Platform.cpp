@@ -120,8 +120,9 @@ Platform::createCaptureBackend(const std::shared_ptr<KeyboardLayoutSource> &nami
 
 std::unique_ptr<HotKeyGrabber> Platform::createHotKeyGrabber()
 {
-    // The desktop portal's shortcuts on request, until Wayland sessions choose them by themselves.
-    if (qgetenv("VANTREL_SHORTCUTS") == "portal")
+    // Without X11 no key can be grabbed: the desktop portal binds them where it answers. Also
+    // on request, for desktops whose X11 grabs see only X11 windows (XWayland).
+    if (drawsOverlaysOnLayerShell() || qgetenv("VANTREL_SHORTCUTS") == "portal")
         return PortalHotKeyGrabber::create();
     return X11HotKeyGrabber::create();
 }
