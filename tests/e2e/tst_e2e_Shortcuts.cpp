@@ -82,9 +82,13 @@ private slots:
         QVERIFY(startProgram(QStringLiteral("openbox"), {}));
         QVERIFY(startProgram(QStringLiteral("trayer"), {}));
         QVERIFY(startProgram(QStringLiteral("xmessage"), {QStringLiteral("another program")}));
-        QVERIFY(m_display->xdotool({QStringLiteral("search"), QStringLiteral("--sync"),
-                                    QStringLiteral("--name"), QStringLiteral("^xmessage$"),
-                                    QStringLiteral("windowactivate"), QStringLiteral("--sync")}));
+        // The window manager may not manage windows yet on a busy machine: activation is tried
+        // until it takes.
+        QTRY_VERIFY_WITH_TIMEOUT(
+            m_display->xdotool({QStringLiteral("search"), QStringLiteral("--sync"),
+                                QStringLiteral("--name"), QStringLiteral("^xmessage$"),
+                                QStringLiteral("windowactivate"), QStringLiteral("--sync")}),
+            15000);
     }
     void cleanup()
     {
