@@ -118,11 +118,14 @@ private slots:
         call.setProcessEnvironment(m_env);
         call.start(QStringLiteral(VANTREL_BINARY), {QStringLiteral("--settings")});
         QVERIFY(call.waitForFinished(10000) && call.exitCode() == 0);
-        QVERIFY(m_display->run(QStringLiteral("xdotool"),
-                               {QStringLiteral("search"), QStringLiteral("--sync"),
-                                QStringLiteral("--onlyvisible"), QStringLiteral("--name"),
-                                QStringLiteral("Vantrel Settings"),
-                                QStringLiteral("windowactivate"), QStringLiteral("--sync")}));
+        // Tried until the window manager, busy on a loaded machine, activates it.
+        QTRY_VERIFY_WITH_TIMEOUT(
+            m_display->run(QStringLiteral("xdotool"),
+                           {QStringLiteral("search"), QStringLiteral("--sync"),
+                            QStringLiteral("--onlyvisible"), QStringLiteral("--name"),
+                            QStringLiteral("Vantrel Settings"), QStringLiteral("windowactivate"),
+                            QStringLiteral("--sync")}),
+            15000);
         QTest::qWait(300);
         // General, Appearance, then Displays.
         QVERIFY(xdotool(QStringLiteral("key ctrl+Tab ctrl+Tab")));
