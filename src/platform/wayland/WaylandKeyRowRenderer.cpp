@@ -1,9 +1,10 @@
 #include "platform/wayland/WaylandKeyRowRenderer.h"
 
 #include "overlay/KeyView.h"
+#include "platform/wayland/WaylandConnection.h"
+#include "platform/wayland/WaylandShmBuffers.h"
 
 #include <QPainter>
-#include <QSocketNotifier>
 
 #include <wayland-client.h>
 
@@ -11,51 +12,9 @@
 #define namespace layerNamespace
 #include "wlr-layer-shell-unstable-v1-client-protocol.h"
 #undef namespace
-#include "xdg-output-unstable-v1-client-protocol.h"
-
-#include <sys/mman.h>
-#include <unistd.h>
 
 #include <algorithm>
-#include <cerrno>
 #include <cmath>
-#include <cstring>
-
-namespace {
-// wl_surface.damage_buffer arrived in version 4; wl_output.name in version 4; xdg_output.name
-// in version 2.
-constexpr quint32 compositorVersion = 4;
-constexpr quint32 outputVersion = 4;
-constexpr quint32 xdgOutputVersion = 3;
-constexpr quint32 layerShellVersion = 4;
-constexpr quint32 shmVersion = 1;
-// Round trips while setting up: globals, then the outputs' names, then xdg-output's names.
-constexpr int setupRoundTrips = 3;
-
-void ignoreGeometry(void *, wl_output *, qint32, qint32, qint32, qint32, qint32, const char *,
-                    const char *, qint32)
-{}
-void ignoreMode(void *, wl_output *, quint32, qint32, qint32, qint32) {}
-void ignoreDone(void *, wl_output *) {}
-void handleName(void *data, wl_output *, const char *name)
-{
-    static_cast<WaylandKeyRowRenderer::Output *>(data)->name = QString::fromUtf8(name);
-}
-void ignoreDescription(void *, wl_output *, const char *) {}
-
-void ignorePosition(void *, zxdg_output_v1 *, qint32, qint32) {}
-void ignoreXdgDone(void *, zxdg_output_v1 *) {}
-void handleXdgName(void *data, zxdg_output_v1 *, const char *name)
-{
-    auto *output = static_cast<WaylandKeyRowRenderer::Output *>(data);
-    if (output->name.isEmpty())
-        output->name = QString::fromUtf8(name);
-}
-void ignoreXdgDescription(void *, zxdg_output_v1 *, const char *) {}
-
-const zxdg_output_v1_listener xdgOutputListener{&ignorePosition, &ignorePosition, &ignoreXdgDone,
-                                                &handleXdgName, &ignoreXdgDescription};
-} // namespace
 
 std::unique_ptr<WaylandKeyRowRenderer> WaylandKeyRowRenderer::create(const QString &outputName,
                                                                      const QRect &band,
@@ -63,175 +22,81 @@ std::unique_ptr<WaylandKeyRowRenderer> WaylandKeyRowRenderer::create(const QStri
 {
     if (band.isEmpty())
         return nullptr;
-    wl_display *display =
-        wl_display_connect(displayName.isEmpty() ? nullptr : displayName.constData());
-    if (!display)
+    std::unique_ptr<WaylandConnection> connection = WaylandConnection::open(displayName);
+    if (!connection)
         return nullptr;
-    std::unique_ptr<WaylandKeyRowRenderer> renderer(new WaylandKeyRowRenderer(display, band));
-    if (!renderer->connect(outputName))
+    std::unique_ptr<WaylandKeyRowRenderer> renderer(
+        new WaylandKeyRowRenderer(std::move(connection), band));
+    if (!renderer->createSurface(outputName))
+        return nullptr;
+    // The first configure sizes the surface; frames wait for it.
+    if (!renderer->m_connection->roundTrip() || renderer->m_stopped)
         return nullptr;
     return renderer;
 }
 
 bool WaylandKeyRowRenderer::isOffered(const QByteArray &displayName)
 {
-    // Without a runtime folder libwayland cannot find a socket and says so on stderr.
-    const QByteArray name = displayName.isEmpty() ? qgetenv("WAYLAND_DISPLAY") : displayName;
-    if (!name.startsWith('/') && qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR"))
-        return false;
-    wl_display *display =
-        wl_display_connect(displayName.isEmpty() ? nullptr : displayName.constData());
-    if (!display)
-        return false;
-    bool offered = false;
-    static const wl_registry_listener listener{
-        [](void *data, wl_registry *, quint32, const char *interface, quint32) {
-            if (std::strcmp(interface, zwlr_layer_shell_v1_interface.name) == 0)
-                *static_cast<bool *>(data) = true;
-        },
-        [](void *, wl_registry *, quint32) {}};
-    wl_registry *registry = wl_display_get_registry(display);
-    wl_registry_add_listener(registry, &listener, &offered);
-    const bool answered = wl_display_roundtrip(display) >= 0;
-    wl_registry_destroy(registry);
-    wl_display_disconnect(display);
-    return answered && offered;
+    return WaylandConnection::offersLayerShell(displayName);
 }
 
-WaylandKeyRowRenderer::WaylandKeyRowRenderer(wl_display *display, const QRect &band)
-    : m_display(display), m_band(band)
-{}
+WaylandKeyRowRenderer::WaylandKeyRowRenderer(std::unique_ptr<WaylandConnection> connection,
+                                             const QRect &band)
+    : m_connection(std::move(connection)), m_band(band)
+{
+    m_connection->onScaleChanged = [this](WaylandConnection::Output &output) {
+        if (output.name == m_outputName)
+            followScale(output.scale);
+    };
+    m_connection->onOutputRemoved = [this](WaylandConnection::Output &output) {
+        // The compositor closes the surface too; nothing is drawn for a gone output meanwhile.
+        if (output.name == m_outputName && !m_stopped) {
+            destroySurface();
+            m_stopped = true;
+        }
+    };
+    m_connection->onLost = [this](const char *reason) { stop(reason); };
+}
 
 WaylandKeyRowRenderer::~WaylandKeyRowRenderer()
 {
-    m_notifier.reset();
     destroySurface();
-    freeBuffers();
-    for (const auto &output : m_outputs) {
-        if (output->xdgOutput)
-            zxdg_output_v1_destroy(output->xdgOutput);
-        if (wl_output_get_version(output->output) >= WL_OUTPUT_RELEASE_SINCE_VERSION)
-            wl_output_release(output->output);
-        else
-            wl_output_destroy(output->output);
-    }
-    if (m_xdgOutputManager)
-        zxdg_output_manager_v1_destroy(m_xdgOutputManager);
-    if (m_layerShell)
-        zwlr_layer_shell_v1_destroy(m_layerShell);
-    if (m_shm)
-        wl_shm_destroy(m_shm);
-    if (m_compositor)
-        wl_compositor_destroy(m_compositor);
-    if (m_registry)
-        wl_registry_destroy(m_registry);
-    wl_display_disconnect(m_display);
+    m_buffers.reset();
 }
 
-bool WaylandKeyRowRenderer::connect(const QString &outputName)
+void WaylandKeyRowRenderer::followScale(int scale)
 {
-    static const wl_registry_listener registryListener{&handleGlobal,
-                                                       [](void *, wl_registry *, quint32) {}};
-    m_registry = wl_display_get_registry(m_display);
-    wl_registry_add_listener(m_registry, &registryListener, this);
-    for (int trip = 0; trip < setupRoundTrips; ++trip) {
-        if (wl_display_roundtrip(m_display) < 0)
-            return false;
-        // Outputs older than version 4 learn their names from xdg-output.
-        for (const auto &output : m_outputs) {
-            if (m_xdgOutputManager && !output->xdgOutput &&
-                wl_output_get_version(output->output) < WL_OUTPUT_NAME_SINCE_VERSION) {
-                output->xdgOutput =
-                    zxdg_output_manager_v1_get_xdg_output(m_xdgOutputManager, output->output);
-                zxdg_output_v1_add_listener(output->xdgOutput, &xdgOutputListener, output.get());
-            }
-        }
-    }
-    if (!m_compositor || !m_shm || !m_layerShell)
-        return false;
-    Output *chosen = nullptr;
-    for (const auto &output : m_outputs) {
-        if (output->name == outputName)
-            chosen = output.get();
-    }
-    if (!outputName.isEmpty() && !chosen)
-        return false;
-    if (!createSurface(chosen))
-        return false;
-    m_notifier =
-        std::make_unique<QSocketNotifier>(wl_display_get_fd(m_display), QSocketNotifier::Read);
-    QObject::connect(m_notifier.get(), &QSocketNotifier::activated, m_notifier.get(),
-                     [this] { readEvents(); });
-    // The first configure sizes the surface; frames wait for it.
-    return wl_display_roundtrip(m_display) >= 0 && !m_stopped;
-}
-
-void WaylandKeyRowRenderer::handleGlobal(void *data, wl_registry *registry, quint32 name,
-                                         const char *interface, quint32 version)
-{
-    auto *self = static_cast<WaylandKeyRowRenderer *>(data);
-    const auto bind = [&](const wl_interface *type, quint32 newest) {
-        return wl_registry_bind(registry, name, type, std::min(version, newest));
-    };
-    if (std::strcmp(interface, wl_compositor_interface.name) == 0 && !self->m_compositor) {
-        self->m_compositor =
-            static_cast<wl_compositor *>(bind(&wl_compositor_interface, compositorVersion));
-    } else if (std::strcmp(interface, wl_shm_interface.name) == 0 && !self->m_shm) {
-        self->m_shm = static_cast<wl_shm *>(bind(&wl_shm_interface, shmVersion));
-    } else if (std::strcmp(interface, zwlr_layer_shell_v1_interface.name) == 0 &&
-               !self->m_layerShell) {
-        self->m_layerShell = static_cast<zwlr_layer_shell_v1 *>(
-            bind(&zwlr_layer_shell_v1_interface, layerShellVersion));
-    } else if (std::strcmp(interface, zxdg_output_manager_v1_interface.name) == 0 &&
-               !self->m_xdgOutputManager && version >= ZXDG_OUTPUT_V1_NAME_SINCE_VERSION) {
-        self->m_xdgOutputManager = static_cast<zxdg_output_manager_v1 *>(
-            bind(&zxdg_output_manager_v1_interface, xdgOutputVersion));
-    } else if (std::strcmp(interface, wl_output_interface.name) == 0 && version >= 2) {
-        auto output = std::make_unique<Output>();
-        output->renderer = self;
-        output->globalName = name;
-        output->output = static_cast<wl_output *>(bind(&wl_output_interface, outputVersion));
-        static const wl_output_listener outputListener{&ignoreGeometry, &ignoreMode,
-                                                       &ignoreDone,     &handleOutputScale,
-                                                       &handleName,     &ignoreDescription};
-        wl_output_add_listener(output->output, &outputListener, output.get());
-        self->m_outputs.push_back(std::move(output));
-    }
-}
-
-void WaylandKeyRowRenderer::handleOutputScale(void *data, wl_output *, qint32 factor)
-{
-    auto *output = static_cast<Output *>(data);
-    output->scale = std::max(1, factor);
-    WaylandKeyRowRenderer *self = output->renderer;
-    if (self->m_output != output || !self->m_surface || output->scale == self->m_scale)
+    if (!m_surface || scale == m_scale)
         return;
     // Buffers of the new scale, the row drawn again in one of them.
-    self->m_scale = output->scale;
-    self->freeBuffers();
-    if (!self->createBuffers(self->m_band.size() * self->m_scale)) {
-        self->stop("no memory for the overlay's buffers");
+    m_scale = scale;
+    if (!createBuffers()) {
+        stop("no memory for the overlay's buffers");
         return;
     }
-    wl_surface_set_buffer_scale(self->m_surface, self->m_scale);
-    self->m_shown = QRect(QPoint(0, 0), self->m_bufferSize);
-    self->m_capImages.assign(self->m_capImages.size(), {});
-    self->m_sceneChanged = true;
-    self->drawFrame();
+    wl_surface_set_buffer_scale(m_surface, m_scale);
+    m_shown = QRect(QPoint(0, 0), m_buffers->size());
+    m_capImages.assign(m_capImages.size(), {});
+    m_sceneChanged = true;
+    drawFrame();
 }
 
-bool WaylandKeyRowRenderer::createSurface(Output *output)
+bool WaylandKeyRowRenderer::createSurface(const QString &outputName)
 {
-    m_output = output;
+    WaylandConnection::Output *output = nullptr;
+    if (!outputName.isEmpty() && !(output = m_connection->output(outputName)))
+        return false;
+    m_outputName = outputName;
     m_scale = output ? output->scale : 1;
-    m_surface = wl_compositor_create_surface(m_compositor);
+    wl_compositor *compositor = m_connection->compositor();
+    m_surface = wl_compositor_create_surface(compositor);
     // No input at all: every click goes to what lies below.
-    wl_region *region = wl_compositor_create_region(m_compositor);
+    wl_region *region = wl_compositor_create_region(compositor);
     wl_surface_set_input_region(m_surface, region);
     wl_region_destroy(region);
     wl_surface_set_buffer_scale(m_surface, m_scale);
     m_layerSurface = zwlr_layer_shell_v1_get_layer_surface(
-        m_layerShell, m_surface, output ? output->output : nullptr,
+        m_connection->layerShell(), m_surface, output ? output->output : nullptr,
         ZWLR_LAYER_SHELL_V1_LAYER_OVERLAY, "vantrel-keys");
     static const zwlr_layer_surface_v1_listener layerListener{&handleConfigure, &handleClosed};
     zwlr_layer_surface_v1_add_listener(m_layerSurface, &layerListener, this);
@@ -247,57 +112,18 @@ bool WaylandKeyRowRenderer::createSurface(Output *output)
         m_layerSurface, ZWLR_LAYER_SURFACE_V1_KEYBOARD_INTERACTIVITY_NONE);
     // The first commit has no buffer: it asks for the configure.
     wl_surface_commit(m_surface);
-    return createBuffers(m_band.size() * m_scale);
+    m_connection->watch();
+    return createBuffers();
 }
 
-bool WaylandKeyRowRenderer::createBuffers(const QSize &pixels)
+bool WaylandKeyRowRenderer::createBuffers()
 {
-    const int stride = pixels.width() * 4;
-    const std::size_t bufferBytes = std::size_t(stride) * std::size_t(pixels.height());
-    m_memorySize = bufferBytes * m_buffers.size();
-    const int fd = memfd_create("vantrel-keys", MFD_CLOEXEC);
-    if (fd < 0)
-        return false;
-    if (ftruncate(fd, off_t(m_memorySize)) != 0) {
-        close(fd);
-        return false;
-    }
-    void *memory = mmap(nullptr, m_memorySize, PROT_READ | PROT_WRITE, MAP_SHARED, fd, 0);
-    if (memory == MAP_FAILED) {
-        close(fd);
-        return false;
-    }
-    m_memory = memory;
-    m_pool = wl_shm_create_pool(m_shm, fd, int(m_memorySize));
-    close(fd);
-    static const wl_buffer_listener bufferListener{&handleRelease};
-    for (std::size_t index = 0; index < m_buffers.size(); ++index) {
-        Buffer &buffer = m_buffers[index];
-        buffer.renderer = this;
-        buffer.buffer = wl_shm_pool_create_buffer(m_pool, int(index * bufferBytes), pixels.width(),
-                                                  pixels.height(), stride, WL_SHM_FORMAT_ARGB8888);
-        wl_buffer_add_listener(buffer.buffer, &bufferListener, &buffer);
-        // The memory is zero: every pixel transparent.
-        buffer.image = QImage(static_cast<uchar *>(m_memory) + index * bufferBytes, pixels.width(),
-                              pixels.height(), stride, QImage::Format_ARGB32_Premultiplied);
-    }
-    m_bufferSize = pixels;
-    return true;
-}
-
-void WaylandKeyRowRenderer::freeBuffers()
-{
-    for (Buffer &buffer : m_buffers) {
-        if (buffer.buffer)
-            wl_buffer_destroy(buffer.buffer);
-        buffer = {};
-    }
-    if (m_pool)
-        wl_shm_pool_destroy(m_pool);
-    m_pool = nullptr;
-    if (m_memory)
-        munmap(m_memory, m_memorySize);
-    m_memory = nullptr;
+    m_buffers.reset();
+    m_buffers = WaylandShmBuffers::create(m_connection->shm(), m_band.size() * m_scale, [this] {
+        if (m_waitingForBuffer)
+            drawFrame();
+    });
+    return m_buffers != nullptr;
 }
 
 void WaylandKeyRowRenderer::destroySurface()
@@ -341,19 +167,18 @@ void WaylandKeyRowRenderer::drawFrame()
 {
     if (!m_scene || !m_configured || m_stopped)
         return;
-    const auto free = std::find_if(m_buffers.begin(), m_buffers.end(),
-                                   [](const Buffer &buffer) { return !buffer.busy; });
-    if (free == m_buffers.end()) {
+    WaylandShmBuffers::Buffer *free = m_buffers->freeBuffer();
+    if (!free) {
         // Both are on screen or about to be: draw when the compositor lets one go.
         m_waitingForBuffer = true;
         return;
     }
     m_waitingForBuffer = false;
-    Buffer &buffer = *free;
+    WaylandShmBuffers::Buffer &buffer = *free;
     const KeyRowScene &scene = *m_scene;
     const double time = scene.time();
     const double dpr = m_scale;
-    const QRect all(QPoint(0, 0), m_bufferSize);
+    const QRect all(QPoint(0, 0), m_buffers->size());
 
     struct Placement {
         const QImage *image;
@@ -455,30 +280,9 @@ void WaylandKeyRowRenderer::handleFrameDone(void *data, wl_callback *callback, q
         self->drawFrame();
 }
 
-void WaylandKeyRowRenderer::handleRelease(void *data, wl_buffer *)
-{
-    auto *buffer = static_cast<Buffer *>(data);
-    buffer->busy = false;
-    if (buffer->renderer->m_waitingForBuffer)
-        buffer->renderer->drawFrame();
-}
-
-void WaylandKeyRowRenderer::readEvents()
-{
-    // Events already read by a round trip wait in the queue, where the notifier cannot see them.
-    while (wl_display_prepare_read(m_display) != 0)
-        wl_display_dispatch_pending(m_display);
-    if (wl_display_read_events(m_display) < 0 || wl_display_dispatch_pending(m_display) < 0)
-        stop("the compositor closed the connection");
-    else
-        flush();
-}
-
 void WaylandKeyRowRenderer::flush()
 {
-    // A full socket (EAGAIN) is left to the next flush; anything else ends the connection.
-    if (wl_display_flush(m_display) < 0 && errno != EAGAIN)
-        stop("the connection to the compositor failed");
+    m_connection->flush();
 }
 
 void WaylandKeyRowRenderer::stop(const char *reason)
@@ -486,7 +290,5 @@ void WaylandKeyRowRenderer::stop(const char *reason)
     if (m_stopped)
         return;
     m_stopped = true;
-    if (m_notifier)
-        m_notifier->setEnabled(false);
     qWarning("Vantrel: the key overlay stops drawing: %s", reason);
 }

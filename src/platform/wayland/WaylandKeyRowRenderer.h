@@ -9,24 +9,14 @@
 #include <QRect>
 #include <QString>
 
-#include <array>
 #include <memory>
 #include <vector>
 
-class QSocketNotifier;
-struct wl_buffer;
+class WaylandConnection;
+class WaylandShmBuffers;
 struct wl_callback;
-struct wl_compositor;
-struct wl_display;
-struct wl_output;
-struct wl_registry;
-struct wl_shm;
-struct wl_shm_pool;
 struct wl_surface;
-struct zwlr_layer_shell_v1;
 struct zwlr_layer_surface_v1;
-struct zxdg_output_manager_v1;
-struct zxdg_output_v1;
 
 // Draws a key row on a layer surface of the compositor's overlay layer (wlr layer shell), on a
 // Wayland connection of its own read on the thread it lives in (normally the main thread).
@@ -61,23 +51,6 @@ public:
     // The compositor has sized the surface and it draws.
     bool isShowing() const { return m_configured && !m_stopped; }
 
-    // Output lookup while the connection is set up; the listeners' state.
-    struct Output {
-        WaylandKeyRowRenderer *renderer = nullptr;
-        wl_output *output = nullptr;
-        zxdg_output_v1 *xdgOutput = nullptr;
-        quint32 globalName = 0;
-        QString name;
-        int scale = 1;
-    };
-    struct Buffer {
-        WaylandKeyRowRenderer *renderer = nullptr;
-        wl_buffer *buffer = nullptr;
-        QImage image; // over the shared memory
-        bool busy = false;
-        QRect ink; // where the buffer holds caps
-    };
-
 private:
     struct CapImage {
         QImage image;
@@ -85,49 +58,31 @@ private:
         double opacity = -1.0;
     };
 
-    WaylandKeyRowRenderer(wl_display *display, const QRect &band);
-    bool connect(const QString &outputName);
-    bool createSurface(Output *output);
-    bool createBuffers(const QSize &pixels);
-    void freeBuffers();
+    WaylandKeyRowRenderer(std::unique_ptr<WaylandConnection> connection, const QRect &band);
+    bool createSurface(const QString &outputName);
+    bool createBuffers();
+    void followScale(int scale);
     // Paints and commits the scene as of now, in a free buffer; asks for the next frame while
     // anything moves.
     void drawFrame();
     void stop(const char *reason);
     void destroySurface();
-    void readEvents();
     void flush();
 
-    static void handleGlobal(void *data, wl_registry *registry, quint32 name, const char *interface,
-                             quint32 version);
-    static void handleOutputScale(void *data, wl_output *output, qint32 factor);
     static void handleConfigure(void *data, zwlr_layer_surface_v1 *surface, quint32 serial,
                                 quint32 width, quint32 height);
     static void handleClosed(void *data, zwlr_layer_surface_v1 *surface);
     static void handleFrameDone(void *data, wl_callback *callback, quint32 time);
-    static void handleRelease(void *data, wl_buffer *buffer);
 
-    wl_display *const m_display;
+    const std::unique_ptr<WaylandConnection> m_connection;
     const QRect m_band;
-    wl_registry *m_registry = nullptr;
-    wl_compositor *m_compositor = nullptr;
-    wl_shm *m_shm = nullptr;
-    zwlr_layer_shell_v1 *m_layerShell = nullptr;
-    zxdg_output_manager_v1 *m_xdgOutputManager = nullptr;
-    std::vector<std::unique_ptr<Output>> m_outputs;
-    Output *m_output = nullptr; // the surface's; none when the compositor chose
+    QString m_outputName; // the surface's; empty when the compositor chose
     int m_scale = 1;
 
     wl_surface *m_surface = nullptr;
     zwlr_layer_surface_v1 *m_layerSurface = nullptr;
     wl_callback *m_frameCallback = nullptr;
-    std::unique_ptr<QSocketNotifier> m_notifier;
-
-    wl_shm_pool *m_pool = nullptr;
-    void *m_memory = nullptr;
-    std::size_t m_memorySize = 0;
-    std::array<Buffer, 2> m_buffers;
-    QSize m_bufferSize;
+    std::unique_ptr<WaylandShmBuffers> m_buffers;
 
     std::shared_ptr<const KeyRowScene> m_scene;
     std::vector<CapImage> m_capImages; // per cap of the scene, once drawn
