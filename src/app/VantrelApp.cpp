@@ -205,6 +205,10 @@ VantrelApp::VantrelApp(SettingsStore &settings, bool remoteControl, QObject *par
 
     m_positionCustomizer = std::make_unique<PositionCustomizerWindowController>(
         displayStore, settings, m_compositor.get());
+    if (Platform::drawsOverlaysOnLayerShell())
+        m_positionCustomizer->setSurfaceFactory([](QWidget &widget, const QString &outputName) {
+            return Platform::createLayerShellWidgetSurface(widget, outputName);
+        });
     m_launchAtLogin = std::make_unique<LaunchAtLogin>();
     m_actions = std::make_unique<AppActions>(
         settings, *m_keyManager, displayStore.screenList(),

@@ -5,6 +5,7 @@
 #include "platform/linux/PortalHotKeyGrabber.h"
 #include "platform/linux/TerminationSignalWatcher.h"
 #include "platform/linux/XkbKeyboardLayoutSource.h"
+#include "platform/wayland/LayerShellWidgetSurface.h"
 #include "platform/wayland/WaylandKeyRowRenderer.h"
 #include "platform/wayland/WaylandKeyboardLayoutMonitor.h"
 #include "platform/x11/X11CaptureBackend.h"
@@ -136,4 +137,10 @@ std::unique_ptr<KeyRowRenderer> Platform::createLayerShellKeyRowRenderer(const Q
                                                                          const QRect &band)
 {
     return WaylandKeyRowRenderer::create(outputName, band);
+}
+
+std::unique_ptr<WidgetSurface> Platform::createLayerShellWidgetSurface(QWidget &widget,
+                                                                       const QString &outputName)
+{
+    return LayerShellWidgetSurface::create(widget, outputName);
 }

@@ -13,6 +13,8 @@ class KeyboardLayoutSource;
 class KeyRowRenderer;
 class QObject;
 class QRect;
+class QWidget;
+class WidgetSurface;
 
 // Factories for the platform's implementations of the interfaces that the rest of Vantrel uses.
 // The backend is chosen at build time; nothing outside src/platform/ includes platform headers.
@@ -56,4 +58,8 @@ public:
     // when the compositor cannot.
     static std::unique_ptr<KeyRowRenderer> createLayerShellKeyRowRenderer(const QString &outputName,
                                                                           const QRect &band);
+    // Shows `widget` on a layer surface over the output named `outputName`, holding the
+    // keyboard; nothing when the compositor cannot.
+    static std::unique_ptr<WidgetSurface> createLayerShellWidgetSurface(QWidget &widget,
+                                                                        const QString &outputName);
 };

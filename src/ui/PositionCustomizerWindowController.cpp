@@ -10,6 +10,8 @@
 #include <QScreen>
 #include <QTimer>
 
+#include <vector>
+
 namespace {
 
 PositionCustomizerWindowController *sharedController = nullptr;
@@ -69,12 +71,7 @@ void PositionCustomizerWindowController::showPositioningOverlay(quint32 displayI
     if (!screen)
         return;
     // A second call replaces the open customizer; the replaced one saves nothing.
-    if (auto it = m_windows.find(displayID); it != m_windows.end()) {
-        std::unique_ptr<PositionCustomizerView> old = std::move(it->second);
-        m_windows.erase(it);
-        old->hide();
-        old.release()->deleteLater();
-    }
+    close(displayID);
 
     const auto configuration = m_displayStore.configuration(displayID);
     const double x = configuration ? configuration->customOffsetX : defaultOffsetX;
@@ -91,10 +88,18 @@ void PositionCustomizerWindowController::showPositioningOverlay(quint32 displayI
     view->setWindowFlags(Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint |
                          Qt::X11BypassWindowManagerHint | Qt::Tool);
     view->setWindowTitle(tr("Drag to Position"));
-    const bool compositing = m_compositor && m_compositor->isCompositing();
-    view->setCompositing(compositing);
     PositionCustomizerView &shown = *view;
     m_windows[displayID] = std::move(view);
+    if (m_makeSurface) {
+        // A compositor's layer always blends.
+        shown.setCompositing(true);
+        if (presentOnSurface(shown, frame))
+            return;
+        qWarning("vantrel: the compositor gives the position customizer no surface; it opens "
+                 "as a window");
+    }
+    const bool compositing = m_compositor && m_compositor->isCompositing();
+    shown.setCompositing(compositing);
     if (compositing) {
         present(shown, frame);
         return;
@@ -117,14 +122,35 @@ void PositionCustomizerWindowController::present(PositionCustomizerView &view, c
     view.activateWindow();
 }
 
+bool PositionCustomizerWindowController::presentOnSurface(PositionCustomizerView &view,
+                                                          const QRect &frame)
+{
+    const QScreen *screen = QGuiApplication::screenAt(frame.center());
+    if (!screen)
+        return false;
+    // Shown for Qt (it paints, takes focus and events) but not as a window of its own.
+    view.setAttribute(Qt::WA_DontShowOnScreen);
+    view.setGeometry(frame);
+    view.show();
+    std::unique_ptr<WidgetSurface> surface = m_makeSurface(view, screen->name());
+    if (!surface) {
+        view.hide();
+        view.setAttribute(Qt::WA_DontShowOnScreen, false);
+        return false;
+    }
+    m_surfaces[view.displayID()] = std::move(surface);
+    return true;
+}
+
 QWidget *PositionCustomizerWindowController::window(quint32 displayID) const
 {
     const auto it = m_windows.find(displayID);
     return it == m_windows.end() ? nullptr : it->second.get();
 }
 
-void PositionCustomizerWindowController::dismiss(quint32 displayID)
+void PositionCustomizerWindowController::close(quint32 displayID)
 {
+    m_surfaces.erase(displayID);
     const auto it = m_windows.find(displayID);
     if (it == m_windows.end())
         return;
@@ -133,6 +159,13 @@ void PositionCustomizerWindowController::dismiss(quint32 displayID)
     view->hide();
     // The view may be in the middle of handling the click or key that dismissed it.
     view.release()->deleteLater();
+}
+
+void PositionCustomizerWindowController::dismiss(quint32 displayID)
+{
+    if (!m_windows.contains(displayID))
+        return;
+    close(displayID);
     // One program holds the keyboard for one window: the next open customizer takes it over.
     if (!m_windows.empty())
         m_windows.begin()->second->takeKeyboard();
@@ -141,17 +174,15 @@ void PositionCustomizerWindowController::dismiss(quint32 displayID)
 
 void PositionCustomizerWindowController::followScreens()
 {
-    for (auto it = m_windows.begin(); it != m_windows.end();) {
-        const auto screen = m_displayStore.screenList().screen(it->first);
-        if (!screen) {
-            std::unique_ptr<PositionCustomizerView> view = std::move(it->second);
-            it = m_windows.erase(it);
-            view->hide();
-            view.release()->deleteLater();
-            continue;
-        }
-        if (it->second->geometry() != screen->availableGeometry)
-            it->second->setGeometry(screen->availableGeometry);
-        ++it;
+    std::vector<quint32> gone;
+    for (const auto &[id, view] : m_windows) {
+        const auto screen = m_displayStore.screenList().screen(id);
+        if (!screen)
+            gone.push_back(id);
+        // A surface takes the size the compositor gives it.
+        else if (!m_surfaces.contains(id) && view->geometry() != screen->availableGeometry)
+            view->setGeometry(screen->availableGeometry);
     }
+    for (const quint32 id : gone)
+        close(id);
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "ui/WidgetSurface.h"
+
 #include <QObject>
 #include <QWidget>
 
@@ -32,6 +34,9 @@ public:
     void showPositioningOverlay(quint32 displayID);
     // The open customizer window of a display, or nullptr.
     QWidget *window(quint32 displayID) const;
+    // Customizers open from now on show on surfaces this makes (where overlays are layer
+    // surfaces of the compositor) instead of windows of their own.
+    void setSurfaceFactory(WidgetSurface::Factory factory) { m_makeSurface = std::move(factory); }
 
 signals:
     // The customizer of this display saved its place and closed.
@@ -39,6 +44,10 @@ signals:
 
 private:
     static void present(PositionCustomizerView &view, const QRect &frame);
+    // Shows the view on a surface of the compositor; false when none can be had.
+    bool presentOnSurface(PositionCustomizerView &view, const QRect &frame);
+    // Takes the customizer of a display off the screen, saving nothing.
+    void close(quint32 displayID);
     void dismiss(quint32 displayID);
     // Closes customizers of displays that went away and fits the others to their displays.
     void followScreens();
@@ -46,5 +55,7 @@ private:
     DisplaySettingsStore &m_displayStore;
     SettingsStore &m_settings;
     const CompositorWatcher *m_compositor;
+    WidgetSurface::Factory m_makeSurface;
     std::map<quint32, std::unique_ptr<PositionCustomizerView>> m_windows;
+    std::map<quint32, std::unique_ptr<WidgetSurface>> m_surfaces;
 };

@@ -172,6 +172,16 @@ void WaylandConnection::handleGlobal(void *data, wl_registry *registry, quint32 
         self->m_shm = static_cast<wl_shm *>(bind(&wl_shm_interface, shmVersion));
     } else if (std::strcmp(interface, wl_seat_interface.name) == 0 && !self->m_seat) {
         self->m_seat = static_cast<wl_seat *>(bind(&wl_seat_interface, seatVersion));
+        // Listened to from the start: the capabilities come once, right after binding.
+        static const wl_seat_listener seatListener{
+            [](void *data, wl_seat *, quint32 capabilities) {
+                auto *connection = static_cast<WaylandConnection *>(data);
+                connection->m_seatCapabilities = capabilities;
+                if (connection->onSeatCapabilities)
+                    connection->onSeatCapabilities(capabilities);
+            },
+            [](void *, wl_seat *, const char *) {}};
+        wl_seat_add_listener(self->m_seat, &seatListener, self);
     } else if (std::strcmp(interface, zwlr_layer_shell_v1_interface.name) == 0 &&
                !self->m_layerShell) {
         self->m_layerShell = static_cast<zwlr_layer_shell_v1 *>(

@@ -49,6 +49,8 @@ public:
     zwlr_layer_shell_v1 *layerShell() const { return m_layerShell; }
     // The first seat the compositor announced; nullptr when it has none.
     wl_seat *seat() const { return m_seat; }
+    // What the seat has now (wl_seat capability bits: pointer, keyboard, touch).
+    quint32 seatCapabilities() const { return m_seatCapabilities; }
     // The output with this connector name; nullptr when no output has it.
     Output *output(const QString &name) const;
 
@@ -56,6 +58,8 @@ public:
     std::function<void(Output &)> onScaleChanged;
     // An output is going away; it is freed after this returns.
     std::function<void(Output &)> onOutputRemoved;
+    // The seat gained or lost a pointer or keyboard.
+    std::function<void(quint32 capabilities)> onSeatCapabilities;
     // The connection ended (the compositor closed it, or writing failed); called once.
     std::function<void(const char *reason)> onLost;
 
@@ -84,6 +88,7 @@ private:
     wl_compositor *m_compositor = nullptr;
     wl_shm *m_shm = nullptr;
     wl_seat *m_seat = nullptr;
+    quint32 m_seatCapabilities = 0;
     zwlr_layer_shell_v1 *m_layerShell = nullptr;
     zxdg_output_manager_v1 *m_xdgOutputManager = nullptr;
     std::vector<std::unique_ptr<Output>> m_outputs;
