@@ -3,6 +3,7 @@
 #include "BuildConfig.h"
 #include "app/AppActions.h"
 #include "app/Constants.h"
+#include "app/PaletteWatcher.h"
 #include "settings/AppSettings.h"
 #include "settings/SettingsStore.h"
 #include "ui/Symbols.h"
@@ -54,7 +55,8 @@ QIcon drawnGenericIcon(const QColor &tint)
 
 TrayMenu::TrayMenu(SettingsStore &settings, AppActions &actions, QObject *parent)
     : QObject(parent), m_settings(settings), m_actions(actions), m_menu(std::make_unique<QMenu>()),
-      m_trayIcon(std::make_unique<QSystemTrayIcon>())
+      m_trayIcon(std::make_unique<QSystemTrayIcon>()),
+      m_paletteWatcher(std::make_unique<PaletteWatcher>())
 {
     buildMenu();
     m_trayIcon->setToolTip(QStringLiteral("Vantrel"));
@@ -69,6 +71,10 @@ TrayMenu::TrayMenu(SettingsStore &settings, AppActions &actions, QObject *parent
     m_menu->installEventFilter(this);
     updateIcon();
     m_settings.observe(AppSettings::menuBarIcon.name(), this, [this] { updateIcon(); });
+    // Every icon is tinted from the palette, which a switch between light and dark themes
+    // changes; hosts that do not recolour icons (XEmbed) keep showing what they were given.
+    connect(m_paletteWatcher.get(), &PaletteWatcher::paletteChanged, this,
+            [this] { updateIcon(); });
     m_settings.observe(AppSettings::isVantrelEnabled.name(), this, [this] { updateToggleTitle(); });
     m_trayIcon->show();
 }

@@ -9,6 +9,7 @@
 #include <memory>
 
 class AppActions;
+class PaletteWatcher;
 class QAction;
 class QMenu;
 class QPalette;
@@ -16,7 +17,8 @@ class QSystemTrayIcon;
 class SettingsStore;
 
 // Vantrel's permanent user interface: the tray icon and its menu of eighteen rows. The icon
-// follows the `menuBarIcon` setting and the first row the master switch, both live.
+// follows the `menuBarIcon` setting and the application palette (light or dark theme), the first
+// row the master switch, all live.
 class TrayMenu final : public QObject {
     Q_OBJECT
 
@@ -53,6 +55,7 @@ private:
     AppActions &m_actions;
     std::unique_ptr<QMenu> m_menu;
     std::unique_ptr<QSystemTrayIcon> m_trayIcon;
+    std::unique_ptr<PaletteWatcher> m_paletteWatcher;
     QHash<QString, QAction *> m_shortcutActions;
     // The row whose shortcut is down while the menu is open; it runs on the key's release.
     QPointer<QAction> m_heldRow;

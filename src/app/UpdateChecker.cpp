@@ -34,13 +34,18 @@ QString attribute(const QXmlStreamReader &xml, QLatin1String name)
 
 std::optional<UpdateChecker::Release> readItem(QXmlStreamReader &xml)
 {
-    QString version, enclosureVersion, link, enclosureUrl;
+    // Appcasts commonly carry the build number as the version and the version people see as the
+    // short version string; only the latter compares with the application's version.
+    QString shortVersion, enclosureShortVersion, version, enclosureVersion, link, enclosureUrl;
     while (xml.readNextStartElement()) {
-        if (xml.name() == QLatin1String("version")) {
+        if (xml.name() == QLatin1String("shortVersionString")) {
+            shortVersion = textOf(xml);
+        } else if (xml.name() == QLatin1String("version")) {
             version = textOf(xml);
         } else if (xml.name() == QLatin1String("link")) {
             link = textOf(xml);
         } else if (xml.name() == QLatin1String("enclosure")) {
+            enclosureShortVersion = attribute(xml, QLatin1String("shortVersionString"));
             enclosureVersion = attribute(xml, QLatin1String("version"));
             enclosureUrl = attribute(xml, QLatin1String("url"));
             xml.skipCurrentElement();
@@ -48,8 +53,12 @@ std::optional<UpdateChecker::Release> readItem(QXmlStreamReader &xml)
             xml.skipCurrentElement();
         }
     }
-    UpdateChecker::Release release{version.isEmpty() ? enclosureVersion : version,
-                                   QUrl(enclosureUrl.isEmpty() ? link : enclosureUrl)};
+    QString shown;
+    for (const QString &candidate :
+         {shortVersion, enclosureShortVersion, version, enclosureVersion})
+        if (shown.isEmpty())
+            shown = candidate;
+    UpdateChecker::Release release{shown, QUrl(enclosureUrl.isEmpty() ? link : enclosureUrl)};
     if (release.version.isEmpty() || !release.downloadUrl.isValid() ||
         release.downloadUrl.isEmpty())
         return std::nullopt;

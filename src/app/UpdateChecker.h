@@ -15,7 +15,9 @@ class QNetworkReply;
 // check with an error, so nothing waits on the network.
 //
 // The feed is RSS: <rss><channel><item>... Each item names a version and a download link:
-//   version: the text of <version>, else the `version` attribute of <enclosure>;
+//   version: the text of <shortVersionString>, else the `shortVersionString` attribute of
+//            <enclosure>, else the text of <version>, else the `version` attribute of
+//            <enclosure> (elements and attributes by local name, whatever their prefix);
 //   link:    the `url` attribute of <enclosure>, else the text of <link>.
 // Items missing either are skipped; the highest version wins.
 class UpdateChecker final : public QObject {

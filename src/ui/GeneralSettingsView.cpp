@@ -183,6 +183,9 @@ void GeneralSettingsView::buildDisplay(SettingsForm &form)
     const auto counts = AppSettings::keyMaxDisplayCount.range.value();
     m_maxKeys->setRange(counts.minimum, counts.maximum);
     m_maxKeys->setSingleStep(1);
+    // Typing "15" would otherwise store 1 first, and the overlay would drop to one key meanwhile:
+    // a typed count is stored when entered (Return or leaving the field), a step at once.
+    m_maxKeys->setKeyboardTracking(false);
     connect(m_maxKeys, &QSpinBox::valueChanged, this,
             [this](int value) { m_store.setValue(AppSettings::keyMaxDisplayCount, value); });
     m_maxKeysRow = form.addRow(section, QStringLiteral("Max Keys Displayed"), QString(), m_maxKeys);

@@ -139,6 +139,28 @@ private slots:
                  TrayMenu::iconForName(shown, QApplication::palette()).pixmap(22, 22).toImage());
     }
 
+    // A theme switch changes the palette: every icon follows it, so that a panel that does not
+    // recolour icons still shows it in contrast.
+    void iconFollowsThePalette_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::newRow("own symbol, a mask") << AppSettings::menuBarIcon.defaultValue;
+        QTest::newRow("plain symbol") << u"keyboard"_qs;
+    }
+    void iconFollowsThePalette()
+    {
+        QFETCH(QString, name);
+        m_store->setValue(AppSettings::menuBarIcon, name);
+        const QPalette light = QApplication::palette();
+        QPalette dark = light;
+        dark.setColor(QPalette::Window, Qt::black);
+        dark.setColor(QPalette::WindowText, Qt::white);
+        QApplication::setPalette(dark);
+        const QImage shown = m_tray->trayIcon().icon().pixmap(22, 22).toImage();
+        QApplication::setPalette(light);
+        QCOMPARE(shown, TrayMenu::iconForName(name, dark).pixmap(22, 22).toImage());
+    }
+
     // An open menu has the keyboard: a row's shortcut runs on its key's release, as the global
     // shortcut does everywhere else.
     void shortcutInOpenMenuRunsOnRelease()

@@ -87,6 +87,17 @@ private slots:
         QTest::newRow("older, prefixed attribute")
             << ok(feed("<item><enclosure url=\"https://e.org/x\" u:version=\"0.9.9\"/></item>"))
             << int(Outcome::upToDate) << "0.9.9 https://e.org/x";
+        // The common appcast form: the build number in the version field, the version people
+        // see in a short version string, as an element or an enclosure attribute.
+        QTest::newRow("short version element over build number")
+            << ok(feed("<item><u:version>1207</u:version>"
+                       "<u:shortVersionString>1.0</u:shortVersionString>"
+                       "<enclosure url=\"https://e.org/x\"/></item>"))
+            << int(Outcome::upToDate) << "1.0 https://e.org/x";
+        QTest::newRow("short version attribute over build number")
+            << ok(feed("<item><enclosure url=\"https://e.org/y\" u:version=\"1300\" "
+                       "u:shortVersionString=\"1.1\"/></item>"))
+            << int(Outcome::updateAvailable) << "1.1 https://e.org/y";
         QTest::newRow("not RSS") << ok("<html><body>Hello</body></html>") << int(Outcome::failed)
                                  << "not an RSS feed";
         QTest::newRow("cut off") << ok(feed(item("2.0")).left(90)) << int(Outcome::failed)

@@ -114,6 +114,22 @@ private slots:
         QCOMPARE(m_store->rawValue(key), std::optional<QVariant>(stored));
     }
 
+    // Typing "15" stores 15 once it is entered, never 1 on the way (the overlay would drop to
+    // one key for a moment).
+    void typedKeyCountIsStoredWhenEntered()
+    {
+        auto *stepper = m_view->content(SettingsView::general)
+                            ->findChild<QSpinBox *>(AppSettings::keyMaxDisplayCount.name());
+        QList<int> stored;
+        const QObject observer;
+        m_store->observe(AppSettings::keyMaxDisplayCount.name(), &observer,
+                         [&] { stored.append(m_store->value(AppSettings::keyMaxDisplayCount)); });
+        stepper->selectAll();
+        QTest::keyClicks(stepper, QStringLiteral("15"));
+        QTest::keyClick(stepper, Qt::Key_Return);
+        QCOMPARE(stored, QList<int>{15});
+    }
+
     // A change made elsewhere shows, and showing it writes nothing back.
     void controlsFollowTheStore_data()
     {
