@@ -210,6 +210,13 @@ bool HeadlessSway::run(const QString &program, const QStringList &arguments, int
     return TestProcess::run(environment(), program, arguments, timeoutMs);
 }
 
+bool HeadlessSway::pointer(const QStringList &commands) const
+{
+    // The layout is the first output's size: tests place their pointer there.
+    return run(QStringLiteral(VANTREL_TEST_POINTER),
+               QStringList{QStringLiteral("1920"), QStringLiteral("1080")} + commands);
+}
+
 bool HeadlessSway::swaymsg(const QStringList &arguments) const
 {
     // swaymsg exits with a failure when sway rejects a command, and says why on standard output.
@@ -241,10 +248,13 @@ QString HeadlessSway::startXWayland()
     return display;
 }
 
-QImage HeadlessSway::grab() const
+QImage HeadlessSway::grab(const QString &output) const
 {
     const QString file = m_runtimeDir.filePath(QStringLiteral("grab.png"));
-    if (!run(QStringLiteral("grim"), {file}))
+    QStringList arguments{file};
+    if (!output.isEmpty())
+        arguments = QStringList{QStringLiteral("-o"), output} + arguments;
+    if (!run(QStringLiteral("grim"), arguments))
         return {};
     QImage image(file);
     QFile::remove(file);

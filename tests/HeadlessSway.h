@@ -36,8 +36,11 @@ public:
     bool swaymsg(const QStringList &arguments) const;
     // Starts XWayland and lets root's X11 clients in; its DISPLAY, empty on failure.
     QString startXWayland();
-    // The whole output as grim reads it back; null on failure.
-    QImage grab() const;
+    // Every output (or the one named `output`) as grim reads it back; null on failure.
+    QImage grab(const QString &output = {}) const;
+    // Moves and clicks a virtual pointer (commands of tests/WaylandPointer.cpp: "move X Y",
+    // "press", "release", "click", "wait MS") over a layout of one 1920x1080 output.
+    bool pointer(const QStringList &commands) const;
 
 private:
     bool waitForSockets(QString *error);

@@ -355,10 +355,12 @@ void LayerShellWidgetSurface::sendMouse(int type, Qt::MouseButton button)
         m_mouseGrabber = nullptr;
     const QPointF local = target->mapFrom(m_widget, m_pointerPosition);
     const QPointF global = m_widget->mapToGlobal(m_pointerPosition);
-    QMouseEvent event(QEvent::Type(type), local, m_pointerPosition, global, button, m_buttons,
-                      modifiers());
-    // Through the application, so that an event a child ignores goes on to its parents.
-    QCoreApplication::sendEvent(target, &event);
+    // Posted, not sent: what the event does may end this surface, which must not happen while
+    // the connection dispatches. Delivered through the application, an event a child ignores
+    // goes on to its parents.
+    QCoreApplication::postEvent(target,
+                                new QMouseEvent(QEvent::Type(type), local, m_pointerPosition,
+                                                global, button, m_buttons, modifiers()));
 }
 
 void LayerShellWidgetSurface::handleKeymap(void *data, wl_keyboard *, quint32 format, qint32 fd,
@@ -419,8 +421,9 @@ void LayerShellWidgetSurface::sendKey(quint32 key, bool pressed)
     QWidget *target = m_widget->focusWidget();
     if (!target || !m_widget->isAncestorOf(target))
         target = m_widget;
-    QKeyEvent event(pressed ? QEvent::KeyPress : QEvent::KeyRelease, qtKey, modifiers());
-    QCoreApplication::sendEvent(target, &event);
+    // Posted, as mouse events are.
+    QCoreApplication::postEvent(
+        target, new QKeyEvent(pressed ? QEvent::KeyPress : QEvent::KeyRelease, qtKey, modifiers()));
 }
 
 Qt::KeyboardModifiers LayerShellWidgetSurface::modifiers() const

@@ -10,6 +10,7 @@
 #include <wayland-client.h>
 #include <xkbcommon/xkbcommon.h>
 
+#include <linux/input-event-codes.h>
 #include <sys/mman.h>
 #include <unistd.h>
 
@@ -22,6 +23,8 @@ namespace {
 constexpr quint32 seatVersion = 5;
 // Round trips that create() waits for the keymap: registry, seat capabilities, keyboard.
 constexpr int setupRoundTrips = 4;
+// xkb key codes are evdev's plus 8.
+constexpr xkb_keycode_t evdevOffset = 8;
 
 } // namespace
 
@@ -171,6 +174,15 @@ void WaylandKeyboardLayoutMonitor::loadKeymap(int fd, quint32 size)
         m_context, text.constData(), XKB_KEYMAP_FORMAT_TEXT_V1, XKB_KEYMAP_COMPILE_NO_FLAGS);
     if (!keymap)
         return; // keep the last layout
+    // A virtual keyboard that types a few symbols (wtype, remote input) brings a keymap of just
+    // those; the seat passes it on once it types. It cannot name the keys of the real keyboards,
+    // so the last full layout stays.
+    const xkb_keysym_t *symbols = nullptr;
+    if (m_source &&
+        xkb_keymap_key_get_syms_by_level(keymap, KEY_A + evdevOffset, 0, 0, &symbols) == 0) {
+        xkb_keymap_unref(keymap);
+        return;
+    }
     {
         const std::lock_guard guard(m_keymapLock);
         m_keymapText = text;
