@@ -8,6 +8,7 @@
 #include "capture/CaptureBackend.h"
 #include "capture/KeyManager.h"
 #include "capture/KeyboardLayoutTranslator.h"
+#include "capture/SecrecyWatcher.h"
 #include "overlay/CompositorWatcher.h"
 #include "overlay/KeyDisplayOverlayWindowFactory.h"
 #include "overlay/KeyRowRenderer.h"
@@ -185,6 +186,9 @@ VantrelApp::VantrelApp(SettingsStore &settings, bool remoteControl, QObject *par
         settings, Platform::createCaptureBackend(m_layoutSource),
         KeyboardLayoutTranslator::shared(), &displayStore, m_windowFactory.get());
     m_windowFactory->setKeyManager(m_keyManager.get());
+    m_secrecyWatchers = Platform::createSecrecyWatchers();
+    for (const std::unique_ptr<SecrecyWatcher> &watcher : m_secrecyWatchers)
+        watcher->start(m_keyManager->secrecy());
     if (Platform::drawsOverlaysOnLayerShell())
         m_windowFactory->setSurfaceRendererFactory(
             [](const QString &outputName, const QRect &band) {
@@ -240,6 +244,7 @@ VantrelApp::~VantrelApp()
     // Global grabs end before the display connection goes.
     m_shortcuts.reset();
     m_positionCustomizer.reset();
+    m_secrecyWatchers.clear();
     // The manager stops its capture and closes its windows before the factory goes.
     m_keyManager.reset();
 }
