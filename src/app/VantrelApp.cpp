@@ -81,6 +81,12 @@ void printHelp()
                 "           VANTREL_OVERLAY=x11 chooses one of the two. Reading the devices needs\n"
                 "           the input group, or \"Allow\" in the settings (an administrator's\n"
                 "           password starts vantrel-input-helper through pkexec).\n");
+    std::printf("\nPrivacy: nothing is shown, keys, modifiers and clicks alike, while the session is\n"
+                "locked (logind, the screen locker's signals, the X11 screen saver) or while a\n"
+                "password field has the focus (followed on the accessibility bus, AT-SPI2).\n"
+                "Settings > General > Input Monitoring lists which protections are on.\n"
+                "Not covered: a password typed into a terminal (sudo, ssh) has no field to\n"
+                "detect; switch Vantrel off first (vantrel --toggle).\n");
     std::printf("\nSettings: %s\n", qPrintable(SettingsStore::standardFilePath()));
 }
 
