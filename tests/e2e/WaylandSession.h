@@ -38,6 +38,9 @@ public:
         return m_config.filePath(QStringLiteral("Vantrel/Vantrel.conf"));
     }
 
+    // A session bus for Vantrel (none by default).
+    void setSessionBus(const QString &address) { m_sessionBus = address; }
+
     // Starts Vantrel in `environment` (sway's, with what the test adds) on the device folder and
     // waits until it listens; false with its standard error in `error`.
     bool startVantrel(QProcessEnvironment environment, QString *error)
@@ -51,7 +54,10 @@ public:
         }
         environment.insert(QStringLiteral("VANTREL_INPUT_DIR"), m_devices.path());
         environment.insert(QStringLiteral("XDG_CONFIG_HOME"), m_config.path());
-        environment.remove(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"));
+        if (m_sessionBus.isEmpty())
+            environment.remove(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"));
+        else
+            environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), m_sessionBus);
         m_vantrel.setProcessEnvironment(environment);
         m_vantrel.start(QStringLiteral(VANTREL_BINARY), {});
         QElapsedTimer timer;
@@ -96,5 +102,6 @@ private:
     HeadlessSway m_sway;
     QTemporaryDir m_config, m_devices;
     QProcess m_vantrel;
+    QString m_sessionBus;
     int m_keyboard = -1;
 };

@@ -125,7 +125,8 @@ private slots:
         QTRY_COMPARE(capsShown(), 3);
 
         emit locker.ActiveChanged(true);
-        QTest::qWait(60); // well inside any removal animation
+        // A removal would still show the caps now (it lasts 0.2 s or more, easing in).
+        QTest::qWait(100);
         QCOMPARE(capsShown(), 0);
         type(QStringLiteral("pass"));
         m_display->xdotool({QStringLiteral("key"), QStringLiteral("ctrl+Return")});
