@@ -8,6 +8,7 @@
 #include "capture/CaptureBackend.h"
 #include "capture/KeyManager.h"
 #include "capture/KeyboardLayoutTranslator.h"
+#include "capture/SecrecyWatcher.h"
 #include "overlay/CompositorWatcher.h"
 #include "overlay/KeyDisplayOverlayWindowFactory.h"
 #include "overlay/KeyRowRenderer.h"
@@ -80,6 +81,12 @@ void printHelp()
                 "           VANTREL_OVERLAY=x11 chooses one of the two. Reading the devices needs\n"
                 "           the input group, or \"Allow\" in the settings (an administrator's\n"
                 "           password starts vantrel-input-helper through pkexec).\n");
+    std::printf("\nPrivacy: nothing is shown, keys, modifiers and clicks alike, while the session is\n"
+                "locked (logind, the screen locker's signals, the X11 screen saver) or while a\n"
+                "password field has the focus (followed on the accessibility bus, AT-SPI2).\n"
+                "Settings > General > Input Monitoring lists which protections are on.\n"
+                "Not covered: a password typed into a terminal (sudo, ssh) has no field to\n"
+                "detect; switch Vantrel off first (vantrel --toggle).\n");
     std::printf("\nSettings: %s\n", qPrintable(SettingsStore::standardFilePath()));
 }
 
@@ -185,6 +192,9 @@ VantrelApp::VantrelApp(SettingsStore &settings, bool remoteControl, QObject *par
         settings, Platform::createCaptureBackend(m_layoutSource),
         KeyboardLayoutTranslator::shared(), &displayStore, m_windowFactory.get());
     m_windowFactory->setKeyManager(m_keyManager.get());
+    m_secrecyWatchers = Platform::createSecrecyWatchers();
+    for (const std::unique_ptr<SecrecyWatcher> &watcher : m_secrecyWatchers)
+        watcher->start(m_keyManager->secrecy());
     if (Platform::drawsOverlaysOnLayerShell())
         m_windowFactory->setSurfaceRendererFactory(
             [](const QString &outputName, const QRect &band) {
@@ -244,6 +254,7 @@ VantrelApp::~VantrelApp()
     // Global grabs end before the display connection goes.
     m_shortcuts.reset();
     m_positionCustomizer.reset();
+    m_secrecyWatchers.clear();
     // The manager stops its capture and closes its windows before the factory goes.
     m_keyManager.reset();
 }

@@ -3,6 +3,7 @@
 #include <QObject>
 
 #include <memory>
+#include <vector>
 
 class AppActions;
 class AppDelegate;
@@ -14,6 +15,7 @@ class KeyboardShortcuts;
 class LaunchAtLogin;
 class PositionCustomizerWindowController;
 class RemoteControl;
+class SecrecyWatcher;
 class SettingsStore;
 class SettingsView;
 class TrayMenu;
@@ -60,6 +62,8 @@ private:
     std::unique_ptr<CompositorWatcher> m_compositor;
     std::unique_ptr<KeyDisplayOverlayWindowFactory> m_windowFactory;
     std::unique_ptr<KeyManager> m_keyManager;
+    // They report to the key manager's secrecy, so they go before it.
+    std::vector<std::unique_ptr<SecrecyWatcher>> m_secrecyWatchers;
     std::unique_ptr<PositionCustomizerWindowController> m_positionCustomizer;
     std::unique_ptr<LaunchAtLogin> m_launchAtLogin;
     std::unique_ptr<AppActions> m_actions;

@@ -52,6 +52,7 @@ KeyManager::KeyManager(SettingsStore &settings, std::unique_ptr<CaptureBackend> 
     m_captureThread = std::thread([this] { runCaptureQueue(); });
 
     readSettings();
+    connect(&m_secrecy, &Secrecy::secretChanged, this, &KeyManager::applySecrecy);
     connect(&m_settings, &SettingsStore::valueChanged, this, [this] { readSettings(); });
 
     const CaptureBackend::Access access = m_backend->checkAccess();
@@ -179,6 +180,7 @@ void KeyManager::installCapture()
         return;
     }
     m_captureInstalled = true;
+    m_keysPressedInSecret.clear();
     post({.kind = PendingChange::Kind::listening, .value = true});
 }
 
@@ -202,6 +204,14 @@ void KeyManager::handleKeyEvent(const CaptureEvent &event)
 {
     if (!m_live.isVantrelEnabled.load(std::memory_order_relaxed))
         return;
+    const quint64 secrecy = m_secrecy.state();
+    if (Secrecy::isSecret(secrecy)) {
+        if (event.type == CaptureEvent::Type::keyDown)
+            m_keysPressedInSecret.insert(event.keyCode);
+        else if (event.type == CaptureEvent::Type::keyUp)
+            m_keysPressedInSecret.erase(event.keyCode);
+        return;
+    }
     switch (event.type) {
     case CaptureEvent::Type::leftMouseDown:
     case CaptureEvent::Type::rightMouseDown: {
@@ -212,10 +222,13 @@ void KeyManager::handleKeyEvent(const CaptureEvent &event)
               .keyCode = left ? KeyPress::leftClickCode : KeyPress::rightClickCode,
               .category =
                   KeyCategory::mouse(left ? MouseClickButton::left : MouseClickButton::right),
-              .text = left ? QStringLiteral("Left Click") : QStringLiteral("Right Click")});
+              .text = left ? QStringLiteral("Left Click") : QStringLiteral("Right Click"),
+              .secrecyState = secrecy});
         return;
     }
     case CaptureEvent::Type::keyDown: {
+        if (m_keysPressedInSecret.contains(event.keyCode))
+            return; // a repeat of a key pressed while secret
         std::optional<QString> name = m_naming.name(event.keyCode, event.flags, event.characters);
         if (!name)
             return;
@@ -226,13 +239,17 @@ void KeyManager::handleKeyEvent(const CaptureEvent &event)
               .flags = event.flags,
               .keyCode = event.keyCode,
               .category = category,
-              .text = std::move(*name)});
+              .text = std::move(*name),
+              .secrecyState = secrecy});
         return;
     }
     case CaptureEvent::Type::flagsChanged:
-        post({.kind = PendingChange::Kind::flagsChanged, .flags = event.flags});
+        post({.kind = PendingChange::Kind::flagsChanged,
+              .flags = event.flags,
+              .secrecyState = secrecy});
         return;
     case CaptureEvent::Type::keyUp:
+        m_keysPressedInSecret.erase(event.keyCode);
         return;
     }
 }
@@ -314,7 +331,13 @@ void KeyManager::applyPendingChanges()
     }
     m_pendingDrained.notify_all();
     bool keysChanged = false;
+    const quint64 secrecy = m_secrecy.state();
     for (PendingChange &change : m_applying) {
+        const bool key = change.kind == PendingChange::Kind::keyDown ||
+                         change.kind == PendingChange::Kind::flagsChanged ||
+                         change.kind == PendingChange::Kind::click;
+        if (key && change.secrecyState != secrecy)
+            continue; // seen before the secrecy last changed
         switch (change.kind) {
         case PendingChange::Kind::keyDown:
             // Combination step: the held modifiers, then the key itself.
@@ -471,7 +494,7 @@ void KeyManager::setListening(bool listening)
         m_isListening = listening;
         emit isListeningChanged(listening);
     }
-    if (listening)
+    if (listening && !m_secrecy.isSecret())
         showKeyDisplayWindows();
     else
         hideKeyDisplayWindows();
@@ -486,6 +509,21 @@ void KeyManager::setPermission(bool granted, const QString &problem)
         return;
     m_hasInputMonitoringPermission = granted;
     emit hasInputMonitoringPermissionChanged(granted);
+}
+
+void KeyManager::applySecrecy(bool secret)
+{
+    if (!secret) {
+        // Keys show again from the next press, in fresh windows.
+        if (m_isListening)
+            showKeyDisplayWindows();
+        return;
+    }
+    // The windows go first, so that no removal of the caps is ever drawn.
+    hideKeyDisplayWindows();
+    m_currentKeys.clear();
+    m_expiryDeadlines.clear();
+    keysDidChange();
 }
 
 void KeyManager::askForInputMonitoringAccess()
@@ -568,14 +606,14 @@ void KeyManager::subscribeToDisplayChanges()
     if (!m_displayStore)
         return;
     connect(m_displayStore, &DisplaySettingsStore::displaySettingsChanged, this, [this] {
-        if (!m_isListening)
-            return; // no windows while stopped
+        if (!m_isListening || m_secrecy.isSecret())
+            return; // no windows while stopped or secret
         m_displayStore->syncWithConnectedScreens();
         updateDisplayWindows();
     });
     // A screen that only moves or resizes leaves the display list alone; refit the windows.
     connect(&m_displayStore->screenList(), &ScreenList::screensChanged, this, [this] {
-        if (m_isListening)
+        if (m_isListening && !m_secrecy.isSecret())
             updateDisplayWindows();
     });
 }

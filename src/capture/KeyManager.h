@@ -4,6 +4,7 @@
 #include "capture/KeyDisplayWindow.h"
 #include "capture/KeyNaming.h"
 #include "capture/KeyPress.h"
+#include "capture/Secrecy.h"
 
 #include <QList>
 #include <QMap>
@@ -20,6 +21,7 @@
 #include <mutex>
 #include <optional>
 #include <thread>
+#include <unordered_set>
 #include <vector>
 
 class DisplaySettingsStore;
@@ -72,8 +74,13 @@ public:
     // `currentKeys` in display order: modifier symbols first (⌘ ⌃ ⌥ ⇧), then oldest first.
     QList<KeyPress> sortedKeysForDisplay() const;
 
-    // The overlay windows by display identifier (only while listening).
+    // The overlay windows by display identifier (only while listening and nothing is secret).
     QMap<quint32, KeyDisplayWindow *> keyDisplayWindows() const;
+
+    // Whether keys are secret now (a locked session, a focused password field). While they
+    // are, nothing is added, and the caps on show go at once with their windows: no removal
+    // is played that would show the last keys again. The platform's watchers report here.
+    Secrecy &secrecy() { return m_secrecy; }
 
 signals:
     void isListeningChanged(bool isListening);
@@ -94,6 +101,9 @@ private:
         KeyCategory category{};
         QString text{}; // the key's name, or the reason access was refused
         bool value = false;
+        // Secrecy::state() when the event was seen: a key whose secrecy changed on its way to
+        // the main thread is dropped (in doubt, hide).
+        quint64 secrecyState = 0;
     };
 
     // The settings the engine reads, mirrored for cheap reads from the capture thread and
@@ -132,6 +142,7 @@ private:
     void sweepExpiredRecords();
     void setListening(bool listening);
     void setPermission(bool granted, const QString &problem);
+    void applySecrecy(bool secret);
 
     // Overlay windows: one per enabled, connected display while listening.
     void showKeyDisplayWindows();
@@ -149,6 +160,7 @@ private:
     const KeyNaming m_naming;
     LiveSettings m_live;
     const QPointer<KeyManager> m_weakSelf;
+    Secrecy m_secrecy;
 
     // Published state (main thread).
     bool m_isListening = false;
@@ -169,7 +181,10 @@ private:
     std::mutex m_queueMutex;
     std::condition_variable m_queueCondition;
     std::deque<Task> m_tasks;
-    bool m_captureInstalled = false;          // capture thread only
+    bool m_captureInstalled = false; // capture thread only
+    // Keys pressed while secret and not released yet (capture thread only): their repeats stay
+    // hidden after the secret ends, so that a held key does not appear after an unlock.
+    std::unordered_set<int> m_keysPressedInSecret;
     std::atomic<bool> m_accessGranted{false}; // mirror of the published permission
     std::thread m_captureThread;
 

@@ -1,8 +1,11 @@
 #include "platform/Platform.h"
 
 #include "platform/evdev/EvdevCaptureBackend.h"
+#include "platform/linux/AtSpiFocusWatcher.h"
 #include "platform/linux/DebianKeyboardDefaults.h"
+#include "platform/linux/LogindLockWatcher.h"
 #include "platform/linux/PortalHotKeyGrabber.h"
+#include "platform/linux/ScreenSaverLockWatcher.h"
 #include "platform/linux/TerminationSignalWatcher.h"
 #include "platform/linux/XkbKeyboardLayoutSource.h"
 #include "platform/wayland/LayerShellWidgetSurface.h"
@@ -13,6 +16,7 @@
 #include "platform/x11/X11HotKeyGrabber.h"
 #include "platform/x11/X11KeyRowRenderer.h"
 #include "platform/x11/X11KeyboardLayoutMonitor.h"
+#include "platform/x11/X11ScreenSaverWatcher.h"
 
 #include <xcb/xcb.h>
 
@@ -117,6 +121,18 @@ Platform::createCaptureBackend(const std::shared_ptr<KeyboardLayoutSource> &nami
     if (isWaylandSession())
         return std::make_unique<EvdevCaptureBackend>(std::move(xkbSource));
     return std::make_unique<X11CaptureBackend>(QByteArray(), std::move(xkbSource));
+}
+
+std::vector<std::unique_ptr<SecrecyWatcher>> Platform::createSecrecyWatchers()
+{
+    std::vector<std::unique_ptr<SecrecyWatcher>> watchers;
+    watchers.push_back(std::make_unique<LogindLockWatcher>());
+    watchers.push_back(std::make_unique<ScreenSaverLockWatcher>());
+    // XWayland's screen saver knows nothing of the Wayland session's lock.
+    if (!isWaylandSession())
+        watchers.push_back(std::make_unique<X11ScreenSaverWatcher>());
+    watchers.push_back(std::make_unique<AtSpiFocusWatcher>());
+    return watchers;
 }
 
 std::unique_ptr<HotKeyGrabber> Platform::createHotKeyGrabber()

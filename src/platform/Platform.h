@@ -5,6 +5,7 @@
 
 #include <functional>
 #include <memory>
+#include <vector>
 
 class CaptureBackend;
 class CompositorWatcher;
@@ -15,6 +16,7 @@ class QObject;
 class QRect;
 class QWidget;
 class WidgetSurface;
+class SecrecyWatcher;
 
 // Factories for the platform's implementations of the interfaces that the rest of Vantrel uses.
 // The backend is chosen at build time; nothing outside src/platform/ includes platform headers.
@@ -48,6 +50,10 @@ public:
     // connects to the display here, and two threads must not connect at once.
     static std::unique_ptr<CaptureBackend>
     createCaptureBackend(const std::shared_ptr<KeyboardLayoutSource> &namingSource);
+    // What tells when keys are secret, not started: logind's lock state of this session, the
+    // screen lockers' signals, the X11 screen saver (in X11 sessions) and the accessibility bus's
+    // focused password fields.
+    static std::vector<std::unique_ptr<SecrecyWatcher>> createSecrecyWatchers();
     // System-wide key grabs for KeyboardShortcuts; nothing when no display can be reached. With
     // VANTREL_SHORTCUTS=portal, the desktop portal's global shortcuts (nothing without a portal).
     static std::unique_ptr<HotKeyGrabber> createHotKeyGrabber();

@@ -280,6 +280,11 @@ void GeneralSettingsView::showInputMonitoringInfo()
     sheet.setProblem(m_keyManager.inputMonitoringProblem());
     connect(&m_keyManager, &KeyManager::inputMonitoringProblemChanged, &sheet,
             &InputMonitoringSheet::setProblem);
+    // Protections come and go (the accessibility bus may start later): the list follows.
+    Secrecy &secrecy = m_keyManager.secrecy();
+    sheet.setProtections(secrecy.protections());
+    connect(&secrecy, &Secrecy::protectionsChanged, &sheet,
+            [&sheet, &secrecy] { sheet.setProtections(secrecy.protections()); });
     sheet.exec();
 }
 

@@ -6,7 +6,8 @@
 #include <QVBoxLayout>
 
 InputMonitoringSheet::InputMonitoringSheet(const QStringList &steps, bool canAllow, QWidget *parent)
-    : QDialog(parent), m_steps(new QLabel(numberedSteps(steps))), m_problem(new QLabel)
+    : QDialog(parent), m_steps(new QLabel(numberedSteps(steps))), m_problem(new QLabel),
+      m_protections(new QLabel)
 {
     setWindowTitle(QStringLiteral("Input Monitoring"));
     setModal(true);
@@ -22,6 +23,18 @@ InputMonitoringSheet::InputMonitoringSheet(const QStringList &steps, bool canAll
     m_problem->setObjectName(QStringLiteral("problem"));
     m_problem->setWordWrap(true);
     m_problem->hide();
+
+    auto *privacy = new QLabel(QStringLiteral("Privacy"));
+    QFont privacyFont = privacy->font();
+    privacyFont.setBold(true);
+    privacy->setFont(privacyFont);
+    m_protections->setObjectName(QStringLiteral("protections"));
+    m_protections->setWordWrap(true);
+    m_protections->setTextFormat(Qt::RichText);
+    auto *limit = new QLabel(QStringLiteral(
+        "Not covered: a password typed into a terminal (sudo, ssh) has no field to recognise, "
+        "so it shows like any other typing."));
+    limit->setWordWrap(true);
 
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Close);
     auto *checkAgain = new QPushButton(QStringLiteral("Check Again"));
@@ -43,14 +56,31 @@ InputMonitoringSheet::InputMonitoringSheet(const QStringList &steps, bool canAll
     layout->addWidget(m_steps);
     layout->addWidget(m_problem);
     layout->addSpacing(4);
+    layout->addWidget(privacy);
+    layout->addWidget(m_protections);
+    layout->addWidget(limit);
+    layout->addSpacing(4);
     layout->addWidget(buttons);
-    setMinimumWidth(380);
+    setMinimumWidth(440);
 }
 
 void InputMonitoringSheet::setProblem(const QString &problem)
 {
     m_problem->setText(problem);
     m_problem->setVisible(!problem.isEmpty());
+}
+
+void InputMonitoringSheet::setProtections(const QList<Secrecy::ProtectionStatus> &protections)
+{
+    QStringList lines;
+    for (const Secrecy::ProtectionStatus &status : protections)
+        lines.append(QStringLiteral("<p style=\"margin-bottom:6px\"><b>%1: %2.</b> %3</p>")
+                         .arg(Secrecy::title(status.protection).toHtmlEscaped(),
+                              status.isOn ? QStringLiteral("on") : QStringLiteral("off"),
+                              status.detail.toHtmlEscaped()));
+    if (lines.isEmpty())
+        lines.append(QStringLiteral("Keys are not hidden anywhere: no protection is running."));
+    m_protections->setText(lines.join(QString()));
 }
 
 QString InputMonitoringSheet::numberedSteps(const QStringList &steps)

@@ -1,12 +1,16 @@
 #pragma once
 
+#include "capture/Secrecy.h"
+
 #include <QDialog>
+#include <QList>
 #include <QStringList>
 
 class QLabel;
 
 // How to give Vantrel access to the keyboard: a heading, the capture backend's numbered steps, a
 // button that checks access again and, where Vantrel can ask for access itself, one that does.
+// Below them, which privacy protections are on and which are off, and what none can cover.
 // A modal dialog of the settings window.
 class InputMonitoringSheet final : public QDialog {
     Q_OBJECT
@@ -21,6 +25,9 @@ public:
     // Why Vantrel cannot read the keyboard now; empty hides the line.
     void setProblem(const QString &problem);
     QLabel *problemLabel() const { return m_problem; }
+    // One line per protection: its name, on or off, and what it follows or why it is off.
+    void setProtections(const QList<Secrecy::ProtectionStatus> &protections);
+    QLabel *protectionsLabel() const { return m_protections; }
 
 signals:
     void checkAgainRequested();
@@ -30,4 +37,5 @@ signals:
 private:
     QLabel *m_steps;
     QLabel *m_problem;
+    QLabel *m_protections;
 };

@@ -7,12 +7,16 @@
 #include "settings/AppSettings.h"
 #include "settings/SettingsStore.h"
 
+#include <QDeadlineTimer>
 #include <QElapsedTimer>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <chrono>
+#include <functional>
 #include <memory>
+#include <thread>
 
 namespace {
 
@@ -35,9 +39,29 @@ QStringList labels(const QList<KeyPress> &keys)
     return result;
 }
 
+// One step of a secrecy case: events from the capture, or a word from a secrecy watcher.
+struct Step {
+    Events events{};
+    std::function<void(Secrecy &)> report{};
+    // Events only: whether the main thread applies them before the next step.
+    bool applied = true;
+};
+using Steps = QList<Step>;
+const auto up = [](int keyCode) { return CaptureEvent{Type::keyUp, keyCode, 0, {}}; };
+const auto lock = [](Secrecy::LockSource source, bool locked) {
+    return Step{{}, [=](Secrecy &secrecy) { secrecy.setLocked(source, locked); }};
+};
+const auto focus = [](const char *object) {
+    return Step{{}, [=](Secrecy &secrecy) { secrecy.focusMoved(":1.5", object); }};
+};
+const auto role = [](const char *object, bool password) {
+    return Step{{}, [=](Secrecy &secrecy) { secrecy.focusRoleKnown(":1.5", object, password); }};
+};
+
 } // namespace
 
 Q_DECLARE_METATYPE(Events)
+Q_DECLARE_METATYPE(Steps)
 
 class tst_KeyManager final : public QObject {
     Q_OBJECT
@@ -51,6 +75,8 @@ private slots:
     void recordExpiresAfterItsDuration();
     void startingTwiceInstallsOneCapture();
     void stopWhenNotListeningDoesNothing();
+    void secretKeysNeverShow_data();
+    void secretKeysNeverShow();
 
 private:
     // A manager over the fake backend, listening unless the master switch is off; `settings`
@@ -220,6 +246,100 @@ void tst_KeyManager::stopWhenNotListeningDoesNothing()
     QVERIFY(!manager.isListening());
     QCOMPARE(listening.count(), 0);
     QCOMPARE(m_control->installed.load(), 0);
+}
+
+void tst_KeyManager::secretKeysNeverShow_data()
+{
+    QTest::addColumn<Steps>("steps");
+    QTest::addColumn<QStringList>("shown");
+    using Source = Secrecy::LockSource;
+    const int k = KeyCode::K, m = KeyCode::M;
+    const Step typing{{key(k), mods(ctrl), {Type::leftMouseDown, -1, 0, {}}, mods(0)}};
+    const Step typeM{{key(m)}};
+
+    QTest::newRow("lock clears the caps and hides typing")
+        << Steps{{{key(m)}}, lock(Source::logind, true), typing} << QStringList{};
+    QTest::newRow("unlock shows the next press")
+        << Steps{lock(Source::gnomeScreenSaver, true), typing,
+                 lock(Source::gnomeScreenSaver, false), typeM}
+        << QStringList{"M"};
+    QTest::newRow("locked while any source says so")
+        << Steps{lock(Source::logind, true), lock(Source::x11ScreenSaver, true),
+                 lock(Source::logind, false), typeM}
+        << QStringList{};
+    QTest::newRow("a signal twice") << Steps{lock(Source::freedesktopScreenSaver, true),
+                                             lock(Source::freedesktopScreenSaver, true),
+                                             lock(Source::freedesktopScreenSaver, false), typeM}
+                                    << QStringList{"M"};
+    QTest::newRow("key held through the lock: no cap after unlock")
+        << Steps{lock(Source::logind, true),
+                 {{key(k)}},
+                 lock(Source::logind, false),
+                 {{key(k), up(k)}},
+                 typeM}
+        << QStringList{"M"};
+    QTest::newRow("key seen before the lock, shown after it")
+        << Steps{{{key(k)}, {}, false}, lock(Source::logind, true), lock(Source::logind, false)}
+        << QStringList{};
+    QTest::newRow("role not known yet hides") << Steps{focus("/entry/1"), typing} << QStringList{};
+    QTest::newRow("ordinary field shows")
+        << Steps{focus("/entry/1"), role("/entry/1", false), typeM} << QStringList{"M"};
+    QTest::newRow("password field hides")
+        << Steps{focus("/entry/1"), role("/entry/1", true), typing} << QStringList{};
+    QTest::newRow("focus reported twice keeps the known role")
+        << Steps{focus("/entry/1"), role("/entry/1", false), focus("/entry/1"), typeM}
+        << QStringList{"M"};
+    QTest::newRow("late role of an earlier focus is ignored")
+        << Steps{focus("/entry/1"), focus("/entry/2"), role("/entry/1", false), typeM}
+        << QStringList{};
+    QTest::newRow("focus leaves the password field between press and release")
+        << Steps{focus("/pw"),
+                 role("/pw", true),
+                 {{key(k)}},
+                 focus("/entry/1"),
+                 role("/entry/1", false),
+                 {{key(k), up(k)}},
+                 typeM}
+        << QStringList{"M"};
+    QTest::newRow("password field loses the focus")
+        << Steps{focus("/pw"),
+                 role("/pw", true),
+                 {{}, [](Secrecy &secrecy) { secrecy.focusLeft(":1.5", "/pw"); }},
+                 typeM}
+        << QStringList{"M"};
+    QTest::newRow("application gone with its password field")
+        << Steps{focus("/pw"),
+                 role("/pw", true),
+                 {{}, [](Secrecy &secrecy) { secrecy.applicationGone(":1.5"); }},
+                 typeM}
+        << QStringList{"M"};
+}
+
+void tst_KeyManager::secretKeysNeverShow()
+{
+    QFETCH(Steps, steps);
+    QFETCH(QStringList, shown);
+    KeyManager &manager = start({{"showAllKeys", true}, {"showMouseClicks", true}});
+    for (const Step &step : steps) {
+        if (step.report) {
+            step.report(manager.secrecy());
+            continue;
+        }
+        if (step.applied) {
+            send(step.events);
+            continue;
+        }
+        for (const CaptureEvent &event : step.events)
+            m_backend->inject(event.type, event.keyCode, event.flags);
+        m_injected += int(step.events.size());
+        // Waits without running the event loop, which would apply the keys.
+        QDeadlineTimer deadline(5000);
+        while (m_control->delivered.load() < m_injected && !deadline.hasExpired())
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        QCOMPARE(m_control->delivered.load(), m_injected);
+    }
+    QCoreApplication::sendPostedEvents();
+    QCOMPARE(labels(manager.sortedKeysForDisplay()), shown);
 }
 
 QTEST_GUILESS_MAIN(tst_KeyManager)

@@ -46,6 +46,8 @@ public:
         m_busAddress = m_busOwner.startSessionBus();
         return !m_busAddress.isEmpty();
     }
+    // Another session bus for Vantrel (none by default).
+    void setSessionBus(const QString &address) { m_busAddress = address; }
 
     // Starts Vantrel in `environment` (sway's, with what the test adds) on the device folder and
     // waits until it listens; false with its standard error in `error`.

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "capture/SecrecyWatcher.h"
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QObject>
+
+#include <memory>
+#include <optional>
+
+class QDBusServiceWatcher;
+
+// A small AT-SPI2 client that follows the keyboard focus and tells whether the focused object is
+// a password field. It asks the session bus's org.a11y.Bus for the accessibility bus
+// (AT_SPI_BUS_ADDRESS first), registers for Object:StateChanged:focused with the registry, and
+// asks each newly focused object for its role ("password text"). It reads roles only, never
+// text. Everything runs on the main thread; the capture thread only reads Secrecy's state.
+//
+// An accessibility bus that starts after Vantrel is joined when org.a11y.Bus appears; one that
+// goes away turns the protection off (and forgets the focus) until it is back.
+class AtSpiFocusWatcher final : public QObject, public SecrecyWatcher {
+    Q_OBJECT
+
+public:
+    // `busAddress`: the accessibility bus to use instead of asking `sessionBus`.
+    explicit AtSpiFocusWatcher(
+        const QDBusConnection &sessionBus = QDBusConnection::sessionBus(),
+        const QString &busAddress = qEnvironmentVariable("AT_SPI_BUS_ADDRESS"));
+    ~AtSpiFocusWatcher() override;
+
+    void start(Secrecy &secrecy) override;
+
+private slots:
+    // Slots, as QDBusConnection::connect delivers signals only by name.
+    void handleStateChanged(const QDBusMessage &message);
+    void handleNameOwnerChanged(const QString &name, const QString &oldOwner,
+                                const QString &newOwner);
+
+private:
+    void askForBus();
+    void join(const QString &address);
+    void leave(const QString &why);
+    void readRole(const QString &owner, const QString &object);
+
+    QDBusConnection m_sessionBus;
+    QString m_fixedAddress;
+    std::optional<QDBusConnection> m_bus;
+    QString m_connectionName;
+    std::unique_ptr<QDBusServiceWatcher> m_launcher;
+    Secrecy *m_secrecy = nullptr;
+};
