@@ -5,342 +5,342 @@
     <name>AboutSettingsView</name>
     <message>
         <source>Official Website</source>
-        <translation type="unfinished"></translation>
+        <translation>Sito ufficiale</translation>
     </message>
     <message>
         <source>Visit the official Vantrel website</source>
-        <translation type="unfinished"></translation>
+        <translation>Visita il sito ufficiale di Vantrel</translation>
     </message>
     <message>
         <source>Watch Vantrel videos on YouTube</source>
-        <translation type="unfinished"></translation>
+        <translation>Guarda i video di Vantrel su YouTube</translation>
     </message>
 </context>
 <context>
     <name>AddPresetTile</name>
     <message>
         <source>New Preset</source>
-        <translation type="unfinished"></translation>
+        <translation>Nuovo stile</translation>
     </message>
 </context>
 <context>
     <name>AppDelegate</name>
     <message>
         <source>Software Update</source>
-        <translation type="unfinished"></translation>
+        <translation>Aggiornamento</translation>
     </message>
     <message>
         <source>Checking for updates…</source>
-        <translation type="unfinished"></translation>
+        <translation>Ricerca aggiornamenti…</translation>
     </message>
     <message>
         <source>Asking %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Richiesta a %1</translation>
     </message>
     <message>
         <source>You&apos;re up to date!</source>
-        <translation type="unfinished"></translation>
+        <translation>Vantrel è aggiornato!</translation>
     </message>
     <message>
         <source>Vantrel %1 is the newest version available.</source>
-        <translation type="unfinished"></translation>
+        <translation>Vantrel %1 è la versione più recente.</translation>
     </message>
     <message>
         <source>A new version of Vantrel is available!</source>
-        <translation type="unfinished"></translation>
+        <translation>È disponibile una nuova versione di Vantrel!</translation>
     </message>
     <message>
         <source>Vantrel %1 is available; you have %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>Vantrel %1 è disponibile; hai la %2.</translation>
     </message>
     <message>
         <source>Download</source>
-        <translation type="unfinished"></translation>
+        <translation>Scarica</translation>
     </message>
     <message>
         <source>Not Now</source>
-        <translation type="unfinished"></translation>
+        <translation>Non ora</translation>
     </message>
     <message>
         <source>Vantrel could not check for updates.</source>
-        <translation type="unfinished"></translation>
+        <translation>Vantrel non è riuscito a cercare aggiornamenti.</translation>
     </message>
 </context>
 <context>
     <name>AppearanceSettingsView</name>
     <message>
         <source>Size</source>
-        <translation type="unfinished"></translation>
+        <translation>Dimensione</translation>
     </message>
     <message>
         <source>Spacing</source>
-        <translation type="unfinished"></translation>
+        <translation>Spaziatura</translation>
     </message>
     <message>
         <source>Opacity</source>
-        <translation type="unfinished"></translation>
+        <translation>Opacità</translation>
     </message>
     <message>
         <source>Corner Radius</source>
-        <translation type="unfinished"></translation>
+        <translation>Raggio angoli</translation>
     </message>
     <message>
         <source>Border Width</source>
-        <translation type="unfinished"></translation>
+        <translation>Spessore bordo</translation>
     </message>
     <message>
         <source>Shadow Radius</source>
-        <translation type="unfinished"></translation>
+        <translation>Raggio ombra</translation>
     </message>
     <message>
         <source>Glow Radius</source>
-        <translation type="unfinished"></translation>
+        <translation>Raggio bagliore</translation>
     </message>
     <message>
         <source>Modern</source>
-        <translation type="unfinished"></translation>
+        <translation>Moderno</translation>
     </message>
     <message>
         <source>Classic</source>
-        <translation type="unfinished"></translation>
+        <translation>Classico</translation>
     </message>
     <message>
         <source>Minimal</source>
-        <translation type="unfinished"></translation>
+        <translation>Minimale</translation>
     </message>
     <message>
         <source>Gaming</source>
-        <translation type="unfinished"></translation>
+        <translation>Gaming</translation>
     </message>
     <message>
         <source>Neon</source>
-        <translation type="unfinished"></translation>
+        <translation>Neon</translation>
     </message>
     <message>
         <source>None</source>
-        <translation type="unfinished"></translation>
+        <translation>Nessuna</translation>
     </message>
     <message>
         <source>Fade In</source>
-        <translation type="unfinished"></translation>
+        <translation>Dissolvenza</translation>
     </message>
     <message>
         <source>Scale In</source>
-        <translation type="unfinished"></translation>
+        <translation>Ingrandimento</translation>
     </message>
     <message>
         <source>Slide In</source>
-        <translation type="unfinished"></translation>
+        <translation>Scorrimento</translation>
     </message>
     <message>
         <source>Bounce</source>
-        <translation type="unfinished"></translation>
+        <translation>Rimbalzo</translation>
     </message>
     <message>
         <source>Style Presets</source>
-        <translation type="unfinished"></translation>
+        <translation>Stili predefiniti</translation>
     </message>
     <message>
         <source>Basic</source>
-        <translation type="unfinished"></translation>
+        <translation>Base</translation>
     </message>
     <message>
         <source>Animation</source>
-        <translation type="unfinished"></translation>
+        <translation>Animazione</translation>
     </message>
     <message>
         <source>How keys appear on screen</source>
-        <translation type="unfinished"></translation>
+        <translation>Come appaiono i tasti</translation>
     </message>
     <message>
         <source>Font</source>
-        <translation type="unfinished"></translation>
+        <translation>Carattere</translation>
     </message>
     <message>
         <source>Choose the font family</source>
-        <translation type="unfinished"></translation>
+        <translation>Scegli il carattere</translation>
     </message>
     <message>
         <source>Colors</source>
-        <translation type="unfinished"></translation>
+        <translation>Colori</translation>
     </message>
     <message>
         <source>Text Color</source>
-        <translation type="unfinished"></translation>
+        <translation>Colore testo</translation>
     </message>
     <message>
         <source>Color of the key labels</source>
-        <translation type="unfinished"></translation>
+        <translation>Colore delle etichette dei tasti</translation>
     </message>
     <message>
         <source>Background Color</source>
-        <translation type="unfinished"></translation>
+        <translation>Colore sfondo</translation>
     </message>
     <message>
         <source>Color of the key background</source>
-        <translation type="unfinished"></translation>
+        <translation>Colore dello sfondo dei tasti</translation>
     </message>
     <message>
         <source>Border Color</source>
-        <translation type="unfinished"></translation>
+        <translation>Colore bordo</translation>
     </message>
     <message>
         <source>Color of the key border</source>
-        <translation type="unfinished"></translation>
+        <translation>Colore del bordo dei tasti</translation>
     </message>
     <message>
         <source>Effects</source>
-        <translation type="unfinished"></translation>
+        <translation>Effetti</translation>
     </message>
     <message>
         <source>Shadow</source>
-        <translation type="unfinished"></translation>
+        <translation>Ombra</translation>
     </message>
     <message>
         <source>Add drop shadow to keys</source>
-        <translation type="unfinished"></translation>
+        <translation>Aggiungi un’ombra ai tasti</translation>
     </message>
     <message>
         <source>Shadow Color</source>
-        <translation type="unfinished"></translation>
+        <translation>Colore ombra</translation>
     </message>
     <message>
         <source>Color of the drop shadow</source>
-        <translation type="unfinished"></translation>
+        <translation>Colore dell’ombra</translation>
     </message>
     <message>
         <source>Glow Effect</source>
-        <translation type="unfinished"></translation>
+        <translation>Effetto bagliore</translation>
     </message>
     <message>
         <source>Add glow effect to keys</source>
-        <translation type="unfinished"></translation>
+        <translation>Aggiungi un bagliore ai tasti</translation>
     </message>
     <message>
         <source>Glow Color</source>
-        <translation type="unfinished"></translation>
+        <translation>Colore bagliore</translation>
     </message>
     <message>
         <source>Color of the glow effect</source>
-        <translation type="unfinished"></translation>
+        <translation>Colore dell’effetto bagliore</translation>
     </message>
     <message>
         <source>Reset</source>
-        <translation type="unfinished"></translation>
+        <translation>Ripristina</translation>
     </message>
     <message>
         <source>Reset to default appearance settings</source>
-        <translation type="unfinished"></translation>
+        <translation>Ripristina l’aspetto predefinito</translation>
     </message>
 </context>
 <context>
     <name>DisplaySettingsView</name>
     <message>
         <source>Top Left</source>
-        <translation type="unfinished"></translation>
+        <translation>In alto a sinistra</translation>
     </message>
     <message>
         <source>Top Center</source>
-        <translation type="unfinished"></translation>
+        <translation>In alto al centro</translation>
     </message>
     <message>
         <source>Top Right</source>
-        <translation type="unfinished"></translation>
+        <translation>In alto a destra</translation>
     </message>
     <message>
         <source>Bottom Left</source>
-        <translation type="unfinished"></translation>
+        <translation>In basso a sinistra</translation>
     </message>
     <message>
         <source>Bottom Center</source>
-        <translation type="unfinished"></translation>
+        <translation>In basso al centro</translation>
     </message>
     <message>
         <source>Bottom Right</source>
-        <translation type="unfinished"></translation>
+        <translation>In basso a destra</translation>
     </message>
     <message>
         <source>Custom</source>
-        <translation type="unfinished"></translation>
+        <translation>Personalizzata</translation>
     </message>
     <message>
         <source>Connected Displays</source>
-        <translation type="unfinished"></translation>
+        <translation>Schermi collegati</translation>
     </message>
     <message>
         <source>No displays detected</source>
-        <translation type="unfinished"></translation>
+        <translation>Nessuno schermo rilevato</translation>
     </message>
     <message>
         <source>Rescan</source>
-        <translation type="unfinished"></translation>
+        <translation>Aggiorna</translation>
     </message>
     <message>
         <source>Refresh the list of connected displays</source>
-        <translation type="unfinished"></translation>
+        <translation>Aggiorna l’elenco degli schermi collegati</translation>
     </message>
     <message>
         <source>Reset</source>
-        <translation type="unfinished"></translation>
+        <translation>Ripristina</translation>
     </message>
     <message>
         <source>Reset display settings to defaults</source>
-        <translation type="unfinished"></translation>
+        <translation>Ripristina le impostazioni degli schermi</translation>
     </message>
     <message>
         <source>Keystrokes will be shown on this display</source>
-        <translation type="unfinished"></translation>
+        <translation>I tasti vengono mostrati su questo schermo</translation>
     </message>
     <message>
         <source>Keystrokes will be not shown on this display</source>
-        <translation type="unfinished"></translation>
+        <translation>I tasti non vengono mostrati su questo schermo</translation>
     </message>
     <message>
         <source>Position</source>
-        <translation type="unfinished"></translation>
+        <translation>Posizione</translation>
     </message>
     <message>
         <source>Edit</source>
-        <translation type="unfinished"></translation>
+        <translation>Modifica</translation>
     </message>
     <message>
         <source>Edit custom position</source>
-        <translation type="unfinished"></translation>
+        <translation>Modifica la posizione personalizzata</translation>
     </message>
 </context>
 <context>
     <name>EvdevCaptureBackend</name>
     <message>
         <source>Vantrel finds no input devices: the folder %1 does not exist.</source>
-        <translation type="unfinished"></translation>
+        <translation>Vantrel non trova dispositivi di input: la cartella %1 non esiste.</translation>
     </message>
     <message>
         <source>You are in the input group, but this session began before you joined it: log out and back in.</source>
-        <translation type="unfinished"></translation>
+        <translation>Sei nel gruppo input, ma questa sessione è iniziata prima: esci e rientra.</translation>
     </message>
     <message>
         <source>Vantrel cannot read the input devices in %1 (permission denied).</source>
-        <translation type="unfinished"></translation>
+        <translation>Vantrel non può leggere i dispositivi di input in %1 (permesso negato).</translation>
     </message>
     <message>
         <source>Vantrel finds no keyboard in %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Vantrel non trova nessuna tastiera in %1.</translation>
     </message>
     <message>
         <source>Choose Allow and give an administrator&apos;s password: Vantrel&apos;s input helper then reads the keyboard until Vantrel quits. If no password dialog appears, start your desktop&apos;s authentication agent and choose Allow again.</source>
-        <translation type="unfinished"></translation>
+        <translation>Scegli «Consenti» e inserisci una password di amministratore: l’helper di input di Vantrel leggerà la tastiera finché Vantrel non si chiude. Se non compare alcuna finestra per la password, avvia l’agente di autenticazione del desktop e scegli di nuovo «Consenti».</translation>
     </message>
     <message>
         <source>Or add yourself to the input group: sudo usermod -aG input $USER. Every program you run can then read every key you type.</source>
-        <translation type="unfinished"></translation>
+        <translation>Oppure aggiungiti al gruppo input: sudo usermod -aG input $USER. Ogni programma che avvii potrà allora leggere ogni tasto che premi.</translation>
     </message>
     <message>
         <source>Log out and back in, so that the new group applies, then choose Check Again.</source>
-        <translation type="unfinished"></translation>
+        <translation>Esci e rientra perché il gruppo abbia effetto, poi scegli «Verifica di nuovo».</translation>
     </message>
     <message>
         <source>Vantrel&apos;s input helper stopped twice; choose Allow to start it again.</source>
-        <translation type="unfinished"></translation>
+        <translation>L’helper di input di Vantrel si è fermato due volte; scegli «Consenti» per riavviarlo.</translation>
     </message>
 </context>
 <context>
@@ -348,513 +348,513 @@
     <message>
         <source>%1s</source>
         <extracomment>A duration in seconds, the number already in the locale&apos;s form: &quot;1.5s&quot;, &quot;1,5s&quot;</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>%1 s</translation>
     </message>
     <message numerus="yes">
         <source>%Ln keys</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln tasto</numerusform>
+            <numerusform>%Ln tasti</numerusform>
         </translation>
     </message>
     <message>
         <source>App Settings</source>
-        <translation type="unfinished"></translation>
+        <translation>App</translation>
     </message>
     <message>
         <source>Enable Vantrel</source>
-        <translation type="unfinished"></translation>
+        <translation>Attiva Vantrel</translation>
     </message>
     <message>
         <source>Show pressed keys on screen</source>
-        <translation type="unfinished"></translation>
+        <translation>Mostra i tasti premuti sullo schermo</translation>
     </message>
     <message>
         <source>Launch at Login</source>
-        <translation type="unfinished"></translation>
+        <translation>Apri al login</translation>
     </message>
     <message>
         <source>Start Vantrel automatically when you log in</source>
-        <translation type="unfinished"></translation>
+        <translation>Avvia Vantrel automaticamente all’accesso</translation>
     </message>
     <message>
         <source>Menu Bar Icon</source>
-        <translation type="unfinished"></translation>
+        <translation>Icona nella barra</translation>
     </message>
     <message>
         <source>Choose the icon for the menu bar</source>
-        <translation type="unfinished"></translation>
+        <translation>Scegli l’icona della barra dei menu</translation>
     </message>
     <message>
         <source>Input Monitoring Access Information</source>
-        <translation type="unfinished"></translation>
+        <translation>Informazioni sull’accesso alla tastiera</translation>
     </message>
     <message>
         <source>Input Monitoring Access</source>
-        <translation type="unfinished"></translation>
+        <translation>Accesso alla tastiera</translation>
     </message>
     <message>
         <source>Required to display your key presses</source>
-        <translation type="unfinished"></translation>
+        <translation>Necessario per mostrare i tasti premuti</translation>
     </message>
     <message>
         <source>Display</source>
-        <translation type="unfinished"></translation>
+        <translation>Visualizzazione</translation>
     </message>
     <message>
         <source>Display Duration</source>
-        <translation type="unfinished"></translation>
+        <translation>Durata di visualizzazione</translation>
     </message>
     <message>
         <source>Max Keys Displayed</source>
-        <translation type="unfinished"></translation>
+        <translation>Tasti mostrati (max)</translation>
     </message>
     <message>
         <source>Reset</source>
-        <translation type="unfinished"></translation>
+        <translation>Ripristina</translation>
     </message>
     <message>
         <source>Reset to default display settings</source>
-        <translation type="unfinished"></translation>
+        <translation>Ripristina la visualizzazione predefinita</translation>
     </message>
     <message>
         <source>Key Types</source>
-        <translation type="unfinished"></translation>
+        <translation>Tipi di tasti</translation>
     </message>
     <message>
         <source>Show All Keys</source>
-        <translation type="unfinished"></translation>
+        <translation>Mostra tutti i tasti</translation>
     </message>
     <message>
         <source>Display every key press</source>
-        <translation type="unfinished"></translation>
+        <translation>Mostra ogni tasto premuto</translation>
     </message>
     <message>
         <source>Show Modifier Keys</source>
-        <translation type="unfinished"></translation>
+        <translation>Mostra tasti modificatori</translation>
     </message>
     <message>
         <source>Show Function Keys</source>
-        <translation type="unfinished"></translation>
+        <translation>Mostra tasti funzione</translation>
     </message>
     <message>
         <source>F1, F2, F3, etc.</source>
-        <translation type="unfinished"></translation>
+        <translation>F1, F2, F3 ecc.</translation>
     </message>
     <message>
         <source>Show Special Keys</source>
-        <translation type="unfinished"></translation>
+        <translation>Mostra tasti speciali</translation>
     </message>
     <message>
         <source>Enter, Tab, Delete, and Escape</source>
-        <translation type="unfinished"></translation>
+        <translation>Invio, Tab, Canc ed Esc</translation>
     </message>
     <message>
         <source>Reset to default key type settings</source>
-        <translation type="unfinished"></translation>
+        <translation>Ripristina i tipi di tasti predefiniti</translation>
     </message>
     <message>
         <source>Mouse Clicks</source>
-        <translation type="unfinished"></translation>
+        <translation>Clic del mouse</translation>
     </message>
     <message>
         <source>Show Mouse Clicks</source>
-        <translation type="unfinished"></translation>
+        <translation>Mostra i clic</translation>
     </message>
     <message>
         <source>Display left and right clicks</source>
-        <translation type="unfinished"></translation>
+        <translation>Mostra i clic sinistro e destro</translation>
     </message>
     <message>
         <source>Reset All Settings</source>
-        <translation type="unfinished"></translation>
+        <translation>Ripristina tutto</translation>
     </message>
     <message>
         <source>Reset all settings to their default values</source>
-        <translation type="unfinished"></translation>
+        <translation>Ripristina tutte le impostazioni predefinite</translation>
     </message>
     <message>
         <source>This action cannot be undone</source>
-        <translation type="unfinished"></translation>
+        <translation>L’operazione non può essere annullata</translation>
     </message>
     <message>
         <source>Reset All Settings?</source>
-        <translation type="unfinished"></translation>
+        <translation>Ripristinare tutte le impostazioni?</translation>
     </message>
     <message>
         <source>Are you sure you want to reset all settings to their default values?</source>
-        <translation type="unfinished"></translation>
+        <translation>Vuoi davvero ripristinare tutte le impostazioni ai valori predefiniti?</translation>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished"></translation>
+        <translation>Annulla</translation>
     </message>
 </context>
 <context>
     <name>GlobalShortcutNames</name>
     <message>
         <source>Toggle Vantrel</source>
-        <translation type="unfinished"></translation>
+        <translation>Attiva/disattiva Vantrel</translation>
     </message>
     <message>
         <source>Increase Key Size</source>
-        <translation type="unfinished"></translation>
+        <translation>Ingrandisci i tasti</translation>
     </message>
     <message>
         <source>Decrease Key Size</source>
-        <translation type="unfinished"></translation>
+        <translation>Rimpicciolisci i tasti</translation>
     </message>
     <message>
         <source>Open Position Customizer</source>
-        <translation type="unfinished"></translation>
+        <translation>Personalizza la posizione</translation>
     </message>
     <message>
         <source>Toggle Mouse Clicks</source>
-        <translation type="unfinished"></translation>
+        <translation>Mostra/nascondi i clic</translation>
     </message>
 </context>
 <context>
     <name>InputHelperProcess</name>
     <message>
         <source>The password dialog was closed; Vantrel cannot read the keyboard.</source>
-        <translation type="unfinished"></translation>
+        <translation>La finestra della password è stata chiusa; Vantrel non può leggere la tastiera.</translation>
     </message>
     <message>
         <source>No authentication agent answered; start your desktop&apos;s authentication agent, then choose Check Again.</source>
-        <translation type="unfinished"></translation>
+        <translation>Nessun agente di autenticazione risponde; avvia quello del desktop, poi scegli «Verifica di nuovo».</translation>
     </message>
     <message>
         <source>Vantrel&apos;s input helper stopped.</source>
-        <translation type="unfinished"></translation>
+        <translation>L’helper di input di Vantrel si è fermato.</translation>
     </message>
 </context>
 <context>
     <name>InputMonitoringSheet</name>
     <message>
         <source>Input Monitoring</source>
-        <translation type="unfinished"></translation>
+        <translation>Accesso alla tastiera</translation>
     </message>
     <message>
         <source>Enable Input Monitoring</source>
-        <translation type="unfinished"></translation>
+        <translation>Consenti l’accesso alla tastiera</translation>
     </message>
     <message>
         <source>Check Again</source>
-        <translation type="unfinished"></translation>
+        <translation>Verifica di nuovo</translation>
     </message>
     <message>
         <source>Allow</source>
-        <translation type="unfinished"></translation>
+        <translation>Consenti</translation>
     </message>
 </context>
 <context>
     <name>KeyShortcutsSettingsView</name>
     <message>
         <source>Global Shortcuts</source>
-        <translation type="unfinished"></translation>
+        <translation>Scorciatoie globali</translation>
     </message>
     <message>
         <source>This desktop lets you bind keys to Vantrel&apos;s commands in its keyboard settings</source>
-        <translation type="unfinished"></translation>
+        <translation>Su questo desktop, assegna le scorciatoie ai comandi di Vantrel nelle impostazioni della tastiera</translation>
     </message>
 </context>
 <context>
     <name>KeyStylePreview</name>
     <message>
         <source>Delete</source>
-        <translation type="unfinished"></translation>
+        <translation>Elimina</translation>
     </message>
 </context>
 <context>
     <name>KeyboardShortcutRecorder</name>
     <message>
         <source>Clear Shortcut</source>
-        <translation type="unfinished"></translation>
+        <translation>Cancella la scorciatoia</translation>
     </message>
     <message>
         <source>Use at least one of Ctrl, Alt and Super, or a function key</source>
-        <translation type="unfinished"></translation>
+        <translation>Usa almeno Ctrl, Alt o Super, oppure un tasto funzione</translation>
     </message>
     <message>
         <source>%1 is already used by another program</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 è già usata da un altro programma</translation>
     </message>
     <message>
         <source>%1 is already used by another shortcut</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 è già assegnata a un’altra scorciatoia</translation>
     </message>
     <message>
         <source>%1 cannot be used on this keyboard</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 non è utilizzabile su questa tastiera</translation>
     </message>
     <message>
         <source>Press Shortcut</source>
-        <translation type="unfinished"></translation>
+        <translation>Premi la scorciatoia</translation>
     </message>
     <message>
         <source>Record Shortcut</source>
-        <translation type="unfinished"></translation>
+        <translation>Registra</translation>
     </message>
 </context>
 <context>
     <name>MouseClickIndicatorView</name>
     <message>
         <source>Left mouse click</source>
-        <translation type="unfinished"></translation>
+        <translation>Clic sinistro</translation>
     </message>
     <message>
         <source>Right mouse click</source>
-        <translation type="unfinished"></translation>
+        <translation>Clic destro</translation>
     </message>
 </context>
 <context>
     <name>PermissionStatusView</name>
     <message>
         <source>Granted</source>
-        <translation type="unfinished"></translation>
+        <translation>Concesso</translation>
     </message>
     <message>
         <source>Not Granted</source>
-        <translation type="unfinished"></translation>
+        <translation>Non concesso</translation>
     </message>
 </context>
 <context>
     <name>Platform</name>
     <message>
         <source>VANTREL_OVERLAY must be &quot;x11&quot; or &quot;wayland&quot;, not &quot;%1&quot;</source>
-        <translation type="unfinished"></translation>
+        <translation>VANTREL_OVERLAY deve essere «x11» o «wayland», non «%1»</translation>
     </message>
     <message>
         <source>no Wayland compositor with the layer shell answers (VANTREL_OVERLAY=wayland needs one)</source>
-        <translation type="unfinished"></translation>
+        <translation>nessun compositor Wayland con layer shell risponde (VANTREL_OVERLAY=wayland ne richiede uno)</translation>
     </message>
     <message>
         <source>no display for the overlays: the Wayland compositor offers no layer shell and DISPLAY is not set (no XWayland)</source>
-        <translation type="unfinished"></translation>
+        <translation>nessuna visualizzazione per gli overlay: il compositor Wayland non offre layer shell e DISPLAY non è impostato (niente XWayland)</translation>
     </message>
     <message>
         <source>no X11 display: DISPLAY is not set (Vantrel needs an X11 desktop)</source>
-        <translation type="unfinished"></translation>
+        <translation>nessun display X11: DISPLAY non è impostato (Vantrel richiede un desktop X11)</translation>
     </message>
     <message>
         <source>cannot open X11 display &quot;%1&quot;</source>
-        <translation type="unfinished"></translation>
+        <translation>impossibile aprire il display X11 «%1»</translation>
     </message>
 </context>
 <context>
     <name>PositionCustomizerHeader</name>
     <message>
         <source>Drag to Position</source>
-        <translation type="unfinished"></translation>
+        <translation>Trascina per posizionare</translation>
     </message>
     <message>
         <source>Drag the key display to your desired location. Click anywhere to save or press Escape to ignore changes.</source>
-        <translation type="unfinished"></translation>
+        <translation>Trascina i tasti dove preferisci. Fai clic ovunque per salvare o premi Esc per annullare.</translation>
     </message>
     <message>
         <source>Hide</source>
-        <translation type="unfinished"></translation>
+        <translation>Nascondi</translation>
     </message>
     <message>
         <source>Done</source>
-        <translation type="unfinished"></translation>
+        <translation>Fine</translation>
     </message>
 </context>
 <context>
     <name>PositionCustomizerWindowController</name>
     <message>
         <source>Drag to Position</source>
-        <translation type="unfinished"></translation>
+        <translation>Trascina per posizionare</translation>
     </message>
 </context>
 <context>
     <name>SavePresetDialog</name>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished"></translation>
+        <translation>Annulla</translation>
     </message>
     <message>
         <source>Save</source>
-        <translation type="unfinished"></translation>
+        <translation>Salva</translation>
     </message>
     <message>
         <source>Save Preset</source>
-        <translation type="unfinished"></translation>
+        <translation>Salva stile</translation>
     </message>
     <message>
         <source>Preset Name</source>
-        <translation type="unfinished"></translation>
+        <translation>Nome dello stile</translation>
     </message>
 </context>
 <context>
     <name>SettingsView</name>
     <message>
         <source>Vantrel Settings</source>
-        <translation type="unfinished"></translation>
+        <translation>Impostazioni di Vantrel</translation>
     </message>
     <message>
         <source>General</source>
-        <translation type="unfinished"></translation>
+        <translation>Generale</translation>
     </message>
     <message>
         <source>Appearance settings are not available yet.</source>
-        <translation type="unfinished"></translation>
+        <translation>Le impostazioni dell’aspetto non sono ancora disponibili.</translation>
     </message>
     <message>
         <source>Appearance</source>
-        <translation type="unfinished"></translation>
+        <translation>Aspetto</translation>
     </message>
     <message>
         <source>Displays</source>
-        <translation type="unfinished"></translation>
+        <translation>Schermi</translation>
     </message>
     <message>
         <source>Shortcut settings are not available yet.</source>
-        <translation type="unfinished"></translation>
+        <translation>Le impostazioni delle scorciatoie non sono ancora disponibili.</translation>
     </message>
     <message>
         <source>Shortcuts</source>
-        <translation type="unfinished"></translation>
+        <translation>Scorciatoie</translation>
     </message>
     <message>
         <source>About</source>
-        <translation type="unfinished"></translation>
+        <translation>Info</translation>
     </message>
 </context>
 <context>
     <name>TrayMenu</name>
     <message>
         <source>Increase Key Size</source>
-        <translation type="unfinished"></translation>
+        <translation>Ingrandisci i tasti</translation>
     </message>
     <message>
         <source>Decrease Key Size</source>
-        <translation type="unfinished"></translation>
+        <translation>Rimpicciolisci i tasti</translation>
     </message>
     <message>
         <source>Open Position Customizer</source>
-        <translation type="unfinished"></translation>
+        <translation>Personalizza la posizione</translation>
     </message>
     <message>
         <source>Toggle Mouse Clicks</source>
-        <translation type="unfinished"></translation>
+        <translation>Mostra/nascondi i clic</translation>
     </message>
     <message>
         <source>Settings...</source>
-        <translation type="unfinished"></translation>
+        <translation>Impostazioni…</translation>
     </message>
     <message>
         <source>Help</source>
-        <translation type="unfinished"></translation>
+        <translation>Aiuto</translation>
     </message>
     <message>
         <source>FAQ</source>
-        <translation type="unfinished"></translation>
+        <translation>FAQ</translation>
     </message>
     <message>
         <source>Videos</source>
-        <translation type="unfinished"></translation>
+        <translation>Video</translation>
     </message>
     <message>
         <source>Support</source>
-        <translation type="unfinished"></translation>
+        <translation>Assistenza</translation>
     </message>
     <message>
         <source>Social</source>
-        <translation type="unfinished"></translation>
+        <translation>Social</translation>
     </message>
     <message>
         <source>Check for Updates...</source>
-        <translation type="unfinished"></translation>
+        <translation>Cerca aggiornamenti…</translation>
     </message>
     <message>
         <source>Website</source>
-        <translation type="unfinished"></translation>
+        <translation>Sito web</translation>
     </message>
     <message>
         <source>Suggest Idea</source>
-        <translation type="unfinished"></translation>
+        <translation>Suggerisci un’idea</translation>
     </message>
     <message>
         <source>More Apps</source>
-        <translation type="unfinished"></translation>
+        <translation>Altre app</translation>
     </message>
     <message>
         <source>Quit Vantrel</source>
-        <translation type="unfinished"></translation>
+        <translation>Esci da Vantrel</translation>
     </message>
     <message>
         <source>Stop Vantrel</source>
-        <translation type="unfinished"></translation>
+        <translation>Ferma Vantrel</translation>
     </message>
     <message>
         <source>Start Vantrel</source>
-        <translation type="unfinished"></translation>
+        <translation>Avvia Vantrel</translation>
     </message>
 </context>
 <context>
     <name>UpdateChecker</name>
     <message>
         <source>The update server answered with HTTP error %1%2.</source>
-        <translation type="unfinished"></translation>
+        <translation>Il server degli aggiornamenti ha risposto con l’errore HTTP %1%2.</translation>
     </message>
     <message>
         <source>The update server did not answer within %1 seconds.</source>
-        <translation type="unfinished"></translation>
+        <translation>Il server degli aggiornamenti non ha risposto entro %1 secondi.</translation>
     </message>
     <message>
         <source>Could not reach the update server (%1). Check that you are online and try again.</source>
-        <translation type="unfinished"></translation>
+        <translation>Impossibile raggiungere il server degli aggiornamenti (%1). Controlla la connessione e riprova.</translation>
     </message>
     <message>
         <source>The update check failed: %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>La ricerca di aggiornamenti non è riuscita: %1.</translation>
     </message>
     <message>
         <source>The update feed lists no versions.</source>
-        <translation type="unfinished"></translation>
+        <translation>Il feed degli aggiornamenti non elenca versioni.</translation>
     </message>
     <message>
         <source>The update feed is not an RSS feed.</source>
-        <translation type="unfinished"></translation>
+        <translation>Il feed degli aggiornamenti non è un feed RSS.</translation>
     </message>
 </context>
 <context>
     <name>Utils</name>
     <message>
         <source>Version %1 (Build %2)</source>
-        <translation type="unfinished"></translation>
+        <translation>Versione %1 (build %2)</translation>
     </message>
 </context>
 <context>
     <name>VantrelApp</name>
     <message>
         <source>Start or stop showing keys.</source>
-        <translation type="unfinished"></translation>
+        <translation>Avvia o ferma la visualizzazione dei tasti.</translation>
     </message>
     <message>
         <source>Make the key caps larger.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ingrandisci i tasti.</translation>
     </message>
     <message>
         <source>Make the key caps smaller.</source>
-        <translation type="unfinished"></translation>
+        <translation>Rimpicciolisci i tasti.</translation>
     </message>
     <message>
         <source>Drag the key row to a place of your own.</source>
-        <translation type="unfinished"></translation>
+        <translation>Trascina la fila di tasti dove vuoi.</translation>
     </message>
     <message>
         <source>Show or hide mouse clicks.</source>
-        <translation type="unfinished"></translation>
+        <translation>Mostra o nascondi i clic del mouse.</translation>
     </message>
     <message>
         <source>Open the settings window.</source>
-        <translation type="unfinished"></translation>
+        <translation>Apri la finestra delle impostazioni.</translation>
     </message>
     <message>
         <source>Quit Vantrel.</source>
-        <translation type="unfinished"></translation>
+        <translation>Esci da Vantrel.</translation>
     </message>
     <message>
         <source>Usage: vantrel [option]
@@ -865,19 +865,26 @@ system tray; starting it again opens the settings of the running Vantrel.
 
 Options:
 </source>
-        <translation type="unfinished"></translation>
+        <translation>Uso: vantrel [opzione]
+
+Mostra i tasti premuti in un overlay trasparente su ogni schermo attivo, per
+presentazioni, lezioni, stream e screencast. Vive nell’area di notifica;
+avviarlo di nuovo apre le impostazioni del Vantrel in esecuzione.
+
+Opzioni:
+</translation>
     </message>
     <message>
         <source>Show this help and exit.</source>
-        <translation type="unfinished"></translation>
+        <translation>Mostra questo aiuto ed esci.</translation>
     </message>
     <message>
         <source>Show the version and exit.</source>
-        <translation type="unfinished"></translation>
+        <translation>Mostra la versione ed esci.</translation>
     </message>
     <message>
         <source>Remote control of the running Vantrel (bind these to keys of your desktop):</source>
-        <translation type="unfinished"></translation>
+        <translation>Controllo remoto del Vantrel in esecuzione (da assegnare alle scorciatoie del desktop):</translation>
     </message>
     <message>
         <source>Sessions:
@@ -890,90 +897,99 @@ Options:
            the input group, or &quot;Allow&quot; in the settings (an administrator&apos;s
            password starts vantrel-input-helper through pkexec).
 </source>
-        <translation type="unfinished"></translation>
+        <translation>Sessioni:
+  X11      tasti dal server X; gli overlay sono finestre X11.
+  Wayland  tasti dai dispositivi di input (/dev/input, o la cartella indicata da
+           VANTREL_INPUT_DIR), nominati secondo la tastiera del compositor; gli
+           overlay sono superfici layer shell se il compositor la offre, altrimenti
+           finestre X11 tramite XWayland. VANTREL_OVERLAY=wayland o
+           VANTREL_OVERLAY=x11 sceglie una delle due. Leggere i dispositivi richiede
+           il gruppo input, o «Consenti» nelle impostazioni (una password di
+           amministratore avvia vantrel-input-helper tramite pkexec).
+</translation>
     </message>
     <message>
         <source>Settings: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Impostazioni: %1</translation>
     </message>
     <message>
         <source>Vantrel is not running</source>
-        <translation type="unfinished"></translation>
+        <translation>Vantrel non è in esecuzione</translation>
     </message>
     <message>
         <source>one option at a time, not &apos;%1&apos; (see vantrel --help)</source>
-        <translation type="unfinished"></translation>
+        <translation>una sola opzione alla volta, non «%1» (vedi vantrel --help)</translation>
     </message>
     <message>
         <source>unknown option &apos;%1&apos; (see vantrel --help)</source>
-        <translation type="unfinished"></translation>
+        <translation>opzione sconosciuta «%1» (vedi vantrel --help)</translation>
     </message>
     <message>
         <source>Vantrel is already running; its settings window opens.</source>
-        <translation type="unfinished"></translation>
+        <translation>Vantrel è già in esecuzione; si apre la finestra delle impostazioni.</translation>
     </message>
     <message>
         <source>another Vantrel holds the session but does not answer</source>
-        <translation type="unfinished"></translation>
+        <translation>un altro Vantrel occupa la sessione ma non risponde</translation>
     </message>
     <message>
         <source>no D-Bus session bus; running alone, without remote control or the one-instance check</source>
-        <translation type="unfinished"></translation>
+        <translation>nessun bus di sessione D-Bus; Vantrel funziona da solo, senza controllo remoto né verifica di istanza unica</translation>
     </message>
     <message>
         <source>cannot listen to the keyboard: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>impossibile ascoltare la tastiera: %1</translation>
     </message>
     <message>
         <source>Vantrel is switched off (&quot;Show pressed keys on screen&quot; is off).</source>
-        <translation type="unfinished"></translation>
+        <translation>Vantrel è disattivato («Mostra i tasti premuti sullo schermo» è disattivato).</translation>
     </message>
     <message>
         <source>the shortcut %1 of &quot;%2&quot; is already used by another program; it does nothing until that program lets it go</source>
-        <translation type="unfinished"></translation>
+        <translation>la scorciatoia %1 di «%2» è già usata da un altro programma; non avrà effetto finché quel programma non la libera</translation>
     </message>
     <message>
         <source>no system tray found; opening the settings window instead of the tray menu</source>
-        <translation type="unfinished"></translation>
+        <translation>nessuna area di notifica trovata; si apre la finestra delle impostazioni al posto del menu</translation>
     </message>
     <message>
         <source>Vantrel is showing pressed keys on screen.</source>
-        <translation type="unfinished"></translation>
+        <translation>Vantrel mostra i tasti premuti sullo schermo.</translation>
     </message>
     <message>
         <source>Vantrel stopped showing pressed keys.</source>
-        <translation type="unfinished"></translation>
+        <translation>Vantrel ha smesso di mostrare i tasti premuti.</translation>
     </message>
 </context>
 <context>
     <name>X11CaptureBackend</name>
     <message>
         <source>The X server has no XInput extension; Vantrel needs XInput 2.2.</source>
-        <translation type="unfinished"></translation>
+        <translation>Il server X non ha l’estensione XInput; Vantrel richiede XInput 2.2.</translation>
     </message>
     <message>
         <source>The X server did not answer the XInput version query.</source>
-        <translation type="unfinished"></translation>
+        <translation>Il server X non ha risposto alla richiesta della versione di XInput.</translation>
     </message>
     <message>
         <source>The X server offers XInput %1.%2; Vantrel needs XInput 2.2 or newer.</source>
-        <translation type="unfinished"></translation>
+        <translation>Il server X offre XInput %1.%2; Vantrel richiede XInput 2.2 o successivo.</translation>
     </message>
     <message>
         <source>No X display is set (DISPLAY is empty); Vantrel needs an X11 desktop.</source>
-        <translation type="unfinished"></translation>
+        <translation>Nessun display X impostato (DISPLAY è vuoto); Vantrel richiede un desktop X11.</translation>
     </message>
     <message>
         <source>Vantrel cannot open the X display &quot;%1&quot;.</source>
-        <translation type="unfinished"></translation>
+        <translation>Vantrel non può aprire il display X «%1».</translation>
     </message>
     <message>
         <source>Log in to an X11 session (Xorg), not a Wayland one.</source>
-        <translation type="unfinished"></translation>
+        <translation>Accedi a una sessione X11 (Xorg), non Wayland.</translation>
     </message>
     <message>
         <source>Make sure the X server offers XInput 2.2 (every current Xorg does).</source>
-        <translation type="unfinished"></translation>
+        <translation>Verifica che il server X offra XInput 2.2 (ogni Xorg attuale lo fa).</translation>
     </message>
 </context>
 </TS>
