@@ -230,7 +230,7 @@
     </message>
     <message>
         <source>Reset to default appearance settings</source>
-        <translation>Darstellung auf Standardwerte zurücksetzen</translation>
+        <translation>Aussehen auf Standardwerte zurücksetzen</translation>
     </message>
 </context>
 <context>
@@ -265,11 +265,11 @@
     </message>
     <message>
         <source>Connected Displays</source>
-        <translation>Angeschlossene Bildschirme</translation>
+        <translation>Angeschlossene Monitore</translation>
     </message>
     <message>
         <source>No displays detected</source>
-        <translation>Keine Bildschirme gefunden</translation>
+        <translation>Keine Monitore gefunden</translation>
     </message>
     <message>
         <source>Rescan</source>
@@ -277,7 +277,7 @@
     </message>
     <message>
         <source>Refresh the list of connected displays</source>
-        <translation>Liste der angeschlossenen Bildschirme aktualisieren</translation>
+        <translation>Liste der angeschlossenen Monitore aktualisieren</translation>
     </message>
     <message>
         <source>Reset</source>
@@ -285,15 +285,15 @@
     </message>
     <message>
         <source>Reset display settings to defaults</source>
-        <translation>Bildschirmeinstellungen zurücksetzen</translation>
+        <translation>Monitoreinstellungen zurücksetzen</translation>
     </message>
     <message>
         <source>Keystrokes will be shown on this display</source>
-        <translation>Tasten werden auf diesem Bildschirm gezeigt</translation>
+        <translation>Tasten werden auf diesem Monitor gezeigt</translation>
     </message>
     <message>
         <source>Keystrokes will be not shown on this display</source>
-        <translation>Tasten werden auf diesem Bildschirm nicht gezeigt</translation>
+        <translation>Tasten werden auf diesem Monitor nicht gezeigt</translation>
     </message>
     <message>
         <source>Position</source>
@@ -698,15 +698,15 @@
     </message>
     <message>
         <source>Appearance settings are not available yet.</source>
-        <translation>Darstellungseinstellungen sind noch nicht verfügbar.</translation>
+        <translation>Einstellungen zum Aussehen sind noch nicht verfügbar.</translation>
     </message>
     <message>
         <source>Appearance</source>
-        <translation>Darstellung</translation>
+        <translation>Aussehen</translation>
     </message>
     <message>
         <source>Displays</source>
-        <translation>Bildschirme</translation>
+        <translation>Monitore</translation>
     </message>
     <message>
         <source>Shortcut settings are not available yet.</source>
@@ -868,7 +868,7 @@ Options:
         <translation>Aufruf: vantrel [Option]
 
 Zeigt die gedrückten Tasten in einem durchsichtigen Overlay auf jedem aktivierten
-Bildschirm, für Vorträge, Unterricht, Streams und Screencasts. Vantrel lebt im
+Monitor, für Vorträge, Unterricht, Streams und Screencasts. Vantrel lebt im
 Infobereich; ein erneuter Start öffnet die Einstellungen des laufenden Vantrel.
 
 Optionen:

@@ -98,19 +98,19 @@
     </message>
     <message>
         <source>Modern</source>
-        <translation>Современный</translation>
+        <translation>Модерн</translation>
     </message>
     <message>
         <source>Classic</source>
-        <translation>Классический</translation>
+        <translation>Классика</translation>
     </message>
     <message>
         <source>Minimal</source>
-        <translation>Минимальный</translation>
+        <translation>Минимализм</translation>
     </message>
     <message>
         <source>Gaming</source>
-        <translation>Игровой</translation>
+        <translation>Гейминг</translation>
     </message>
     <message>
         <source>Neon</source>
@@ -230,7 +230,7 @@
     </message>
     <message>
         <source>Reset to default appearance settings</source>
-        <translation>Сбросить оформление к значениям по умолчанию</translation>
+        <translation>Сбросить вид к значениям по умолчанию</translation>
     </message>
 </context>
 <context>
@@ -699,11 +699,11 @@
     </message>
     <message>
         <source>Appearance settings are not available yet.</source>
-        <translation>Настройки оформления пока недоступны.</translation>
+        <translation>Настройки вида пока недоступны.</translation>
     </message>
     <message>
         <source>Appearance</source>
-        <translation>Оформление</translation>
+        <translation>Вид</translation>
     </message>
     <message>
         <source>Displays</source>
