@@ -431,7 +431,7 @@
     </message>
     <message>
         <source>Show Modifier Keys</source>
-        <translation>Sondertasten zeigen</translation>
+        <translation>Modifikatortasten zeigen</translation>
     </message>
     <message>
         <source>Show Function Keys</source>
@@ -589,11 +589,11 @@
     </message>
     <message>
         <source>Press Shortcut</source>
-        <translation>Kürzel drücken</translation>
+        <translation>Tastenkürzel drücken</translation>
     </message>
     <message>
         <source>Record Shortcut</source>
-        <translation>Kürzel aufnehmen</translation>
+        <translation>Tastenkürzel aufnehmen</translation>
     </message>
 </context>
 <context>
