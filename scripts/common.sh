@@ -14,14 +14,17 @@ BUILD_PACKAGES=(
     libxcb-shape0-dev libxcb-render0-dev libxcb-sync-dev libxcb-damage0-dev libxcb-xtest0-dev
     libxcb-screensaver0-dev
     fonts-dejavu-core librsvg2-bin desktop-file-utils appstream
+    # Translations: lupdate and lrelease with their CMake functions, and Qt's own texts.
+    qt6-tools-dev qt6-l10n-tools qt6-translations-l10n
 )
 # A virtual display and the tools that drive it (tests read the screen through X itself).
 # Wayland tests run a headless sway (with XWayland) as an unprivileged user; wtype gives it a
 # keyboard. GNOME's input-source settings are written with gsettings. Password fields are
-# followed on a real accessibility bus, in a GTK 3 window made by a Python script.
+# followed on a real accessibility bus, in a GTK 3 window made by a Python script. The localized
+# windows need a font with Japanese and Chinese characters.
 DISPLAY_PACKAGES=(xvfb xdotool x11-xserver-utils x11-xkb-utils x11-utils xcompmgr trayer openbox
     dbus-daemon sway xwayland grim wtype util-linux gsettings-desktop-schemas libglib2.0-bin
-    qt6-wayland at-spi2-core python3-gi gir1.2-gtk-3.0)
+    qt6-wayland at-spi2-core python3-gi gir1.2-gtk-3.0 fonts-noto-cjk)
 # Screenshots of the demonstration on a machine without a display.
 DEMO_PACKAGES=(imagemagick)
 

@@ -26,12 +26,12 @@ void AppDelegate::checkForUpdates()
     }
     delete m_dialog.data();
     // Not modal and not waited for: the menu and the overlays keep running during the check.
-    auto *dialog = new QMessageBox(QMessageBox::Information, QStringLiteral("Software Update"),
-                                   QStringLiteral("Checking for updates…"), QMessageBox::Cancel);
+    auto *dialog = new QMessageBox(QMessageBox::Information, tr("Software Update"),
+                                   tr("Checking for updates…"), QMessageBox::Cancel);
     dialog->setWindowModality(Qt::NonModal); // a message box is modal unless told otherwise
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setWindowFlag(Qt::WindowStaysOnTopHint);
-    dialog->setInformativeText(QStringLiteral("Asking %1").arg(UpdateChecker::feedUrl().host()));
+    dialog->setInformativeText(tr("Asking %1").arg(UpdateChecker::feedUrl().host()));
     connect(dialog, &QMessageBox::rejected, m_updaterController.get(), &UpdateChecker::cancel);
     m_dialog = dialog;
     dialog->show();
@@ -49,19 +49,17 @@ void AppDelegate::showResult(const UpdateChecker::Result &result)
     switch (result.outcome) {
     case UpdateChecker::Result::Outcome::upToDate:
         dialog.setIcon(QMessageBox::Information);
-        dialog.setText(QStringLiteral("You're up to date!"));
-        dialog.setInformativeText(
-            QStringLiteral("Vantrel %1 is the newest version available.").arg(current));
+        dialog.setText(tr("You're up to date!"));
+        dialog.setInformativeText(tr("Vantrel %1 is the newest version available.").arg(current));
         dialog.setStandardButtons(QMessageBox::Ok);
         break;
     case UpdateChecker::Result::Outcome::updateAvailable: {
         dialog.setIcon(QMessageBox::Information);
-        dialog.setText(QStringLiteral("A new version of Vantrel is available!"));
-        dialog.setInformativeText(QStringLiteral("Vantrel %1 is available; you have %2.")
-                                      .arg(result.latest.version, current));
-        QPushButton *download =
-            dialog.addButton(QStringLiteral("Download"), QMessageBox::AcceptRole);
-        dialog.addButton(QStringLiteral("Not Now"), QMessageBox::RejectRole);
+        dialog.setText(tr("A new version of Vantrel is available!"));
+        dialog.setInformativeText(
+            tr("Vantrel %1 is available; you have %2.").arg(result.latest.version, current));
+        QPushButton *download = dialog.addButton(tr("Download"), QMessageBox::AcceptRole);
+        dialog.addButton(tr("Not Now"), QMessageBox::RejectRole);
         dialog.setDefaultButton(download);
         const QUrl link = result.latest.downloadUrl;
         connect(download, &QPushButton::clicked, this, [link] { QDesktopServices::openUrl(link); });
@@ -69,7 +67,7 @@ void AppDelegate::showResult(const UpdateChecker::Result &result)
     }
     case UpdateChecker::Result::Outcome::failed:
         dialog.setIcon(QMessageBox::Warning);
-        dialog.setText(QStringLiteral("Vantrel could not check for updates."));
+        dialog.setText(tr("Vantrel could not check for updates."));
         dialog.setInformativeText(result.errorText);
         dialog.setStandardButtons(QMessageBox::Ok);
         break;

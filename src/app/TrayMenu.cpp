@@ -125,48 +125,48 @@ void TrayMenu::buildMenu()
     addShortcutRow(QStringLiteral("toggleVantrel"), QString(), &AppActions::toggleVantrel);
     updateToggleTitle();
     menu.addSeparator();
-    addShortcutRow(QStringLiteral("increaseKeySize"), QStringLiteral("Increase Key Size"),
+    addShortcutRow(QStringLiteral("increaseKeySize"), tr("Increase Key Size"),
                    &AppActions::increaseKeySize);
-    addShortcutRow(QStringLiteral("decreaseKeySize"), QStringLiteral("Decrease Key Size"),
+    addShortcutRow(QStringLiteral("decreaseKeySize"), tr("Decrease Key Size"),
                    &AppActions::decreaseKeySize);
-    addShortcutRow(QStringLiteral("openPositionCustomizer"),
-                   QStringLiteral("Open Position Customizer"), &AppActions::openPositionCustomizer);
-    addShortcutRow(QStringLiteral("toggleMouseClicks"), QStringLiteral("Toggle Mouse Clicks"),
+    addShortcutRow(QStringLiteral("openPositionCustomizer"), tr("Open Position Customizer"),
+                   &AppActions::openPositionCustomizer);
+    addShortcutRow(QStringLiteral("toggleMouseClicks"), tr("Toggle Mouse Clicks"),
                    &AppActions::toggleMouseClicks);
     menu.addSeparator();
 
-    QAction *settings = menu.addAction(QStringLiteral("Settings..."));
+    QAction *settings = menu.addAction(tr("Settings..."));
     settings->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Comma));
     connect(settings, &QAction::triggered, this, &TrayMenu::settingsRequested);
 
-    QMenu *help = menu.addMenu(QStringLiteral("Help"));
-    connect(help->addAction(QStringLiteral("FAQ")), &QAction::triggered, this,
+    QMenu *help = menu.addMenu(tr("Help"));
+    connect(help->addAction(tr("FAQ")), &QAction::triggered, this,
             [] { openLink(BuildConfig::faqUrl); });
-    connect(help->addAction(QStringLiteral("Videos")), &QAction::triggered, this,
+    connect(help->addAction(tr("Videos")), &QAction::triggered, this,
             [] { openLink(BuildConfig::videosUrl); });
-    connect(help->addAction(QStringLiteral("Support")), &QAction::triggered, this,
+    connect(help->addAction(tr("Support")), &QAction::triggered, this,
             [] { QDesktopServices::openUrl(QUrl(Constants::supportEmailLink())); });
 
-    QMenu *social = menu.addMenu(QStringLiteral("Social"));
+    QMenu *social = menu.addMenu(tr("Social"));
     connect(social->addAction(QStringLiteral("X")), &QAction::triggered, this,
             [] { openLink(BuildConfig::xProfileUrl); });
     connect(social->addAction(QStringLiteral("YouTube")), &QAction::triggered, this,
             [] { openLink(BuildConfig::youTubeChannelUrl); });
     menu.addSeparator();
 
-    connect(menu.addAction(QStringLiteral("Check for Updates...")), &QAction::triggered, this,
+    connect(menu.addAction(tr("Check for Updates...")), &QAction::triggered, this,
             &TrayMenu::updateCheckRequested);
     menu.addSeparator();
 
-    connect(menu.addAction(QStringLiteral("Website")), &QAction::triggered, this,
+    connect(menu.addAction(tr("Website")), &QAction::triggered, this,
             [] { openLink(BuildConfig::websiteUrl); });
-    connect(menu.addAction(QStringLiteral("Suggest Idea")), &QAction::triggered, this,
+    connect(menu.addAction(tr("Suggest Idea")), &QAction::triggered, this,
             [] { openLink(BuildConfig::ideasUrl); });
-    connect(menu.addAction(QStringLiteral("More Apps")), &QAction::triggered, this,
+    connect(menu.addAction(tr("More Apps")), &QAction::triggered, this,
             [] { openLink(BuildConfig::moreAppsUrl); });
     menu.addSeparator();
 
-    QAction *quit = menu.addAction(QStringLiteral("Quit Vantrel"));
+    QAction *quit = menu.addAction(tr("Quit Vantrel"));
     quit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
     connect(quit, &QAction::triggered, this, &TrayMenu::quitRequested);
 }
@@ -176,9 +176,8 @@ void TrayMenu::updateToggleTitle()
     // The title follows the setting, not whether capture runs (without access it still offers
     // to stop).
     m_shortcutActions.value(QStringLiteral("toggleVantrel"))
-        ->setText(m_settings.value(AppSettings::isVantrelEnabled)
-                      ? QStringLiteral("Stop Vantrel")
-                      : QStringLiteral("Start Vantrel"));
+        ->setText(m_settings.value(AppSettings::isVantrelEnabled) ? tr("Stop Vantrel")
+                                                                  : tr("Start Vantrel"));
 }
 
 void TrayMenu::updateIcon()

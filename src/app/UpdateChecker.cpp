@@ -2,6 +2,8 @@
 
 #include "BuildConfig.h"
 
+#include <QCoreApplication>
+#include <QLocale>
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
 #include <QNetworkRequest>
@@ -71,26 +73,30 @@ QString networkErrorText(QNetworkReply &reply, int timeoutMs)
     if (status >= 400) {
         const QString reason =
             reply.attribute(QNetworkRequest::HttpReasonPhraseAttribute).toString();
-        return QStringLiteral("The update server answered with HTTP error %1%2.")
+        return QCoreApplication::translate("UpdateChecker",
+                                           "The update server answered with HTTP error %1%2.")
             .arg(status)
             .arg(reason.isEmpty() ? QString() : QStringLiteral(" (") + reason + u')');
     }
     switch (reply.error()) {
     case QNetworkReply::OperationCanceledError:
     case QNetworkReply::TimeoutError:
-        return QStringLiteral("The update server did not answer within %1 seconds.")
-            .arg(timeoutMs / 1000.0);
+        return QCoreApplication::translate("UpdateChecker",
+                                           "The update server did not answer within %1 seconds.")
+            .arg(QLocale().toString(timeoutMs / 1000.0));
     case QNetworkReply::HostNotFoundError:
     case QNetworkReply::ConnectionRefusedError:
     case QNetworkReply::RemoteHostClosedError:
     case QNetworkReply::TemporaryNetworkFailureError:
     case QNetworkReply::NetworkSessionFailedError:
     case QNetworkReply::UnknownNetworkError:
-        return QStringLiteral("Could not reach the update server (%1). Check that you are "
-                              "online and try again.")
+        return QCoreApplication::translate(
+                   "UpdateChecker", "Could not reach the update server (%1). Check that you are "
+                                    "online and try again.")
             .arg(reply.errorString());
     default:
-        return QStringLiteral("The update check failed: %1.").arg(reply.errorString());
+        return QCoreApplication::translate("UpdateChecker", "The update check failed: %1.")
+            .arg(reply.errorString());
     }
 }
 
@@ -149,8 +155,10 @@ void UpdateChecker::replyFinished()
                                  ? Result::Outcome::updateAvailable
                                  : Result::Outcome::upToDate;
         } else {
-            result.errorText = isRss ? QStringLiteral("The update feed lists no versions.")
-                                     : QStringLiteral("The update feed is not an RSS feed.");
+            result.errorText = isRss ? QCoreApplication::translate(
+                                           "UpdateChecker", "The update feed lists no versions.")
+                                     : QCoreApplication::translate(
+                                           "UpdateChecker", "The update feed is not an RSS feed.");
         }
     }
     emit finished(result);

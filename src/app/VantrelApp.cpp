@@ -5,6 +5,7 @@
 #include "app/LaunchAtLogin.h"
 #include "app/RemoteControl.h"
 #include "app/TrayMenu.h"
+#include "app/UiLanguage.h"
 #include "capture/CaptureBackend.h"
 #include "capture/KeyManager.h"
 #include "capture/KeyboardLayoutTranslator.h"
@@ -28,6 +29,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QElapsedTimer>
+#include <QLocale>
 #include <QSystemTrayIcon>
 #include <QTimer>
 
@@ -46,33 +48,57 @@ struct RemoteOption {
     const char *help;
 };
 constexpr std::array remoteOptions{
-    RemoteOption{"--toggle", "toggleVantrel", "Start or stop showing keys."},
-    RemoteOption{"--increase-key-size", "increaseKeySize", "Make the key caps larger."},
-    RemoteOption{"--decrease-key-size", "decreaseKeySize", "Make the key caps smaller."},
+    RemoteOption{"--toggle", "toggleVantrel",
+                 QT_TRANSLATE_NOOP("VantrelApp", "Start or stop showing keys.")},
+    RemoteOption{"--increase-key-size", "increaseKeySize",
+                 QT_TRANSLATE_NOOP("VantrelApp", "Make the key caps larger.")},
+    RemoteOption{"--decrease-key-size", "decreaseKeySize",
+                 QT_TRANSLATE_NOOP("VantrelApp", "Make the key caps smaller.")},
     RemoteOption{"--position-customizer", "openPositionCustomizer",
-                 "Drag the key row to a place of your own."},
-    RemoteOption{"--toggle-mouse-clicks", "toggleMouseClicks", "Show or hide mouse clicks."},
-    RemoteOption{"--settings", "showSettings", "Open the settings window."},
-    RemoteOption{"--quit", "quit", "Quit Vantrel."},
+                 QT_TRANSLATE_NOOP("VantrelApp", "Drag the key row to a place of your own.")},
+    RemoteOption{"--toggle-mouse-clicks", "toggleMouseClicks",
+                 QT_TRANSLATE_NOOP("VantrelApp", "Show or hide mouse clicks.")},
+    RemoteOption{"--settings", "showSettings",
+                 QT_TRANSLATE_NOOP("VantrelApp", "Open the settings window.")},
+    RemoteOption{"--quit", "quit", QT_TRANSLATE_NOOP("VantrelApp", "Quit Vantrel.")},
 };
 
 // Without a tray host for this long, the settings window stands in for the menu.
 constexpr int trayHostWaitMs = 5000;
 constexpr int trayHostPollMs = 250;
 
+// Texts for the terminal in its encoding.
+void print(std::FILE *stream, const QString &text)
+{
+    std::fputs(text.toLocal8Bit().constData(), stream);
+}
+
 void printHelp()
 {
-    std::printf("Usage: vantrel [option]\n\n"
-                "Shows the keys you press as key caps in a transparent overlay on each enabled\n"
-                "display, for presentations, teaching, streams and screencasts. It lives in the\n"
-                "system tray; starting it again opens the settings of the running Vantrel.\n\n"
-                "Options:\n"
-                "  -h, --help               Show this help and exit.\n"
-                "  -v, --version            Show the version and exit.\n\n"
-                "Remote control of the running Vantrel (bind these to keys of your desktop):\n");
+    print(stdout,
+          VantrelApp::tr(
+              "Usage: vantrel [option]\n\n"
+              "Shows the keys you press as key caps in a transparent overlay on each enabled\n"
+              "display, for presentations, teaching, streams and screencasts. It lives in the\n"
+              "system tray; starting it again opens the settings of the running Vantrel.\n\n"
+              "Options:\n") +
+              QStringLiteral("  %1 %2\n  %3 %4\n\n")
+                  .arg(QStringLiteral("-h, --help"), -24)
+                  .arg(VantrelApp::tr("Show this help and exit."))
+                  .arg(QStringLiteral("-v, --version"), -24)
+                  .arg(VantrelApp::tr("Show the version and exit.")) +
+              VantrelApp::tr(
+                  "Remote control of the running Vantrel (bind these to keys of your desktop):") +
+              u'\n');
     for (const RemoteOption &option : remoteOptions)
-        std::printf("  %-24s %s\n", option.option, option.help);
-    std::printf("\nSessions:\n"
+        print(stdout, QStringLiteral("  %1 %2\n")
+                          .arg(QString::fromLatin1(option.option), -24)
+                          .arg(VantrelApp::tr(option.help)));
+    print(
+        stdout,
+        u'\n' +
+            VantrelApp::tr(
+                "Sessions:\n"
                 "  X11      keys from the X server; overlays are X11 windows.\n"
                 "  Wayland  keys from the input devices (/dev/input, or the folder named by\n"
                 "           VANTREL_INPUT_DIR), named by the compositor's keymap; overlays are\n"
@@ -80,14 +106,22 @@ void printHelp()
                 "           windows through XWayland otherwise. VANTREL_OVERLAY=wayland or\n"
                 "           VANTREL_OVERLAY=x11 chooses one of the two. Reading the devices needs\n"
                 "           the input group, or \"Allow\" in the settings (an administrator's\n"
-                "           password starts vantrel-input-helper through pkexec).\n");
-    std::printf("\nPrivacy: nothing is shown, keys, modifiers and clicks alike, while the session is\n"
+                "           password starts vantrel-input-helper through pkexec).\n") +
+            u'\n' +
+            VantrelApp::tr(
+                "Privacy: nothing is shown, keys, modifiers and clicks alike, while the session is\n"
                 "locked (logind, the screen locker's signals, the X11 screen saver) or while a\n"
                 "password field has the focus (followed on the accessibility bus, AT-SPI2).\n"
                 "Settings > General > Input Monitoring lists which protections are on.\n"
                 "Not covered: a password typed into a terminal (sudo, ssh) has no field to\n"
-                "detect; switch Vantrel off first (vantrel --toggle).\n");
-    std::printf("\nSettings: %s\n", qPrintable(SettingsStore::standardFilePath()));
+                "detect; switch Vantrel off first (vantrel --toggle).\n") +
+            u'\n' + VantrelApp::tr("Settings: %1").arg(SettingsStore::standardFilePath()) + u'\n');
+}
+
+// Vantrel's texts in the desktop's language, for everything printed or shown from here on.
+void installLanguage()
+{
+    UiLanguage::install(QLocale::system().uiLanguages(), UiLanguage::standardFolders());
 }
 
 // The remote-control command of each shortcut name, for desktops where keys are bound to
@@ -103,12 +137,11 @@ QHash<QString, QString> desktopCommands()
     return commands;
 }
 
-int callRunningInstance(int argc, char *argv[], const char *method)
+int callRunningInstance(const char *method)
 {
-    QCoreApplication app(argc, argv);
     if (RemoteControl::callRunningInstance(QString::fromLatin1(method)) ==
         RemoteControl::CallResult::notRunning) {
-        std::fprintf(stderr, "Vantrel is not running\n");
+        print(stderr, VantrelApp::tr("Vantrel is not running") + u'\n');
         return 1;
     }
     return 0;
@@ -118,33 +151,43 @@ int callRunningInstance(int argc, char *argv[], const char *method)
 
 int VantrelApp::main(int argc, char *argv[])
 {
-    // Options that need no display are answered before anything else starts.
-    const char *remoteMethod = nullptr;
-    for (int i = 1; i < argc; ++i) {
-        if (!std::strcmp(argv[i], "--help") || !std::strcmp(argv[i], "-h")) {
-            printHelp();
-            return 0;
+    // Options that need no display are answered before anything else starts; their texts need
+    // an application object with the translators, which goes before the real one comes.
+    {
+        QCoreApplication core(argc, argv);
+        installLanguage();
+        const char *remoteMethod = nullptr;
+        for (int i = 1; i < argc; ++i) {
+            if (!std::strcmp(argv[i], "--help") || !std::strcmp(argv[i], "-h")) {
+                printHelp();
+                return 0;
+            }
+            if (!std::strcmp(argv[i], "--version") || !std::strcmp(argv[i], "-v")) {
+                std::printf("Vantrel %s (build %s)\n", VANTREL_VERSION, VANTREL_BUILD_NUMBER);
+                return 0;
+            }
+            const auto remote = std::find_if(
+                remoteOptions.begin(), remoteOptions.end(),
+                [&](const RemoteOption &o) { return !std::strcmp(argv[i], o.option); });
+            if (remote == remoteOptions.end() || remoteMethod) {
+                const QString option = QString::fromLocal8Bit(argv[i]);
+                print(stderr, QStringLiteral("vantrel: ") +
+                                  (remoteMethod ? tr("one option at a time, not '%1' (see "
+                                                     "vantrel --help)")
+                                                : tr("unknown option '%1' (see vantrel --help)"))
+                                      .arg(option) +
+                                  u'\n');
+                return 2;
+            }
+            remoteMethod = remote->method;
         }
-        if (!std::strcmp(argv[i], "--version") || !std::strcmp(argv[i], "-v")) {
-            std::printf("Vantrel %s (build %s)\n", VANTREL_VERSION, VANTREL_BUILD_NUMBER);
-            return 0;
-        }
-        const auto remote =
-            std::find_if(remoteOptions.begin(), remoteOptions.end(),
-                         [&](const RemoteOption &o) { return !std::strcmp(argv[i], o.option); });
-        if (remote == remoteOptions.end() || remoteMethod) {
-            std::fprintf(stderr, "vantrel: %s '%s' (see vantrel --help)\n",
-                         remoteMethod ? "one option at a time, not" : "unknown option", argv[i]);
-            return 2;
-        }
-        remoteMethod = remote->method;
-    }
-    if (remoteMethod)
-        return callRunningInstance(argc, argv, remoteMethod);
+        if (remoteMethod)
+            return callRunningInstance(remoteMethod);
 
-    if (const QString problem = Platform::displayProblem(); !problem.isEmpty()) {
-        std::fprintf(stderr, "vantrel: %s\n", qPrintable(problem));
-        return 1;
+        if (const QString problem = Platform::displayProblem(); !problem.isEmpty()) {
+            print(stderr, QStringLiteral("vantrel: ") + problem + u'\n');
+            return 1;
+        }
     }
     // Overlays on layer surfaces need no X11 at all: Qt's own windows (settings, tray) are then
     // Wayland windows too. Otherwise the overlays are X11 windows, through XWayland in a Wayland
@@ -157,21 +200,25 @@ int VantrelApp::main(int argc, char *argv[])
     QApplication::setOrganizationName(QStringLiteral("Vantrel"));
     QApplication::setApplicationVersion(QStringLiteral(VANTREL_VERSION));
     QApplication::setQuitOnLastWindowClosed(false);
+    installLanguage();
 
     const RemoteControl::Claim claim = RemoteControl::claimServiceName();
     if (claim == RemoteControl::Claim::takenByAnother) {
         // One Vantrel per session: the running one shows its settings instead.
         if (RemoteControl::callRunningInstance(QStringLiteral("showSettings")) ==
             RemoteControl::CallResult::done) {
-            std::printf("Vantrel is already running; its settings window opens.\n");
+            print(stdout, tr("Vantrel is already running; its settings window opens.") + u'\n');
             return 0;
         }
-        std::fprintf(stderr, "vantrel: another Vantrel holds the session but does not answer\n");
+        print(stderr, QStringLiteral("vantrel: ") +
+                          tr("another Vantrel holds the session but does not answer") + u'\n');
         return 1;
     }
     if (claim == RemoteControl::Claim::noBus)
-        std::fprintf(stderr, "vantrel: no D-Bus session bus; running alone, without remote "
-                             "control or the one-instance check\n");
+        print(stderr, QStringLiteral("vantrel: ") +
+                          tr("no D-Bus session bus; running alone, without remote control or "
+                             "the one-instance check") +
+                          u'\n');
 
     VantrelApp vantrel(SettingsStore::standard(), claim == RemoteControl::Claim::owned);
     Platform::watchTerminationSignals(&vantrel, [&vantrel] { vantrel.quit(); });
@@ -207,10 +254,13 @@ VantrelApp::VantrelApp(SettingsStore &settings, bool remoteControl, QObject *par
     connect(m_keyManager.get(), &KeyManager::isListeningChanged, this,
             &VantrelApp::reportListening);
     if (!m_keyManager->hasInputMonitoringPermission())
-        std::fprintf(stderr, "vantrel: cannot listen to the keyboard: %s\n",
-                     qPrintable(m_keyManager->inputMonitoringProblem()));
+        print(stderr, QStringLiteral("vantrel: ") +
+                          tr("cannot listen to the keyboard: %1")
+                              .arg(m_keyManager->inputMonitoringProblem()) +
+                          u'\n');
     else if (!settings.value(AppSettings::isVantrelEnabled))
-        std::printf("Vantrel is switched off (\"Show pressed keys on screen\" is off).\n");
+        print(stdout,
+              tr("Vantrel is switched off (\"Show pressed keys on screen\" is off).") + u'\n');
     std::fflush(stdout);
 
     m_positionCustomizer = std::make_unique<PositionCustomizerWindowController>(
@@ -289,12 +339,14 @@ void VantrelApp::registerGlobalShortcuts()
     // Said once; the Shortcuts tab shows it too, and tries again when it opens.
     for (const GlobalShortcutNames::Entry &entry : GlobalShortcutNames::all())
         if (m_shortcuts->isTakenByAnotherProgram(entry.name))
-            std::fprintf(
+            print(
                 stderr,
-                "vantrel: the shortcut %s of \"%s\" is already used by another program; "
-                "it does nothing until that program lets it go\n",
-                qPrintable(m_shortcuts->shortcut(entry.name).toString(QKeySequence::PortableText)),
-                qPrintable(entry.title));
+                QStringLiteral("vantrel: ") +
+                    tr("the shortcut %1 of \"%2\" is already used by another program; "
+                       "it does nothing until that program lets it go")
+                        .arg(m_shortcuts->shortcut(entry.name).toString(QKeySequence::PortableText),
+                             GlobalShortcutNames::title(entry)) +
+                    u'\n');
 }
 
 void VantrelApp::showShortcutInMenu(const QString &name)
@@ -317,8 +369,10 @@ void VantrelApp::watchForTrayHost()
             poll->deleteLater();
         } else if (waited->elapsed() >= trayHostWaitMs) {
             poll->deleteLater();
-            std::fprintf(stderr, "vantrel: no system tray found; opening the settings window "
-                                 "instead of the tray menu\n");
+            print(stderr, QStringLiteral("vantrel: ") +
+                              tr("no system tray found; opening the settings window instead of "
+                                 "the tray menu") +
+                              u'\n');
             showSettings();
         }
     });
@@ -329,9 +383,9 @@ void VantrelApp::reportListening(bool listening)
 {
     // States only; key labels are never printed.
     if (listening)
-        std::printf("Vantrel is showing pressed keys on screen.\n");
+        print(stdout, tr("Vantrel is showing pressed keys on screen.") + u'\n');
     else if (!m_quitting)
-        std::printf("Vantrel stopped showing pressed keys.\n");
+        print(stdout, tr("Vantrel stopped showing pressed keys.") + u'\n');
     std::fflush(stdout);
 }
 

@@ -18,6 +18,8 @@
 #include "platform/x11/X11KeyboardLayoutMonitor.h"
 #include "platform/x11/X11ScreenSaverWatcher.h"
 
+#include <QCoreApplication>
+
 #include <xcb/xcb.h>
 
 namespace {
@@ -32,25 +34,29 @@ QString Platform::displayProblem()
 {
     const QByteArray choice = qgetenv("VANTREL_OVERLAY");
     if (!overlayChoiceIsValid(choice))
-        return QStringLiteral("VANTREL_OVERLAY must be \"x11\" or \"wayland\", not \"%1\"")
+        return QCoreApplication::translate(
+                   "Platform", "VANTREL_OVERLAY must be \"x11\" or \"wayland\", not \"%1\"")
             .arg(QString::fromLocal8Bit(choice));
     if (drawsOverlaysOnLayerShell()) {
         if (!WaylandKeyRowRenderer::isOffered())
-            return QStringLiteral("no Wayland compositor with the layer shell answers "
-                                  "(VANTREL_OVERLAY=wayland needs one)");
+            return QCoreApplication::translate("Platform",
+                                               "no Wayland compositor with the layer shell answers "
+                                               "(VANTREL_OVERLAY=wayland needs one)");
         return {};
     }
     const QByteArray display = qgetenv("DISPLAY");
     if (display.isEmpty() && isWaylandSession() && choice.isEmpty())
-        return QStringLiteral("no display for the overlays: the Wayland compositor offers no layer "
-                              "shell and DISPLAY is not set (no XWayland)");
+        return QCoreApplication::translate(
+            "Platform", "no display for the overlays: the Wayland compositor offers no layer "
+                        "shell and DISPLAY is not set (no XWayland)");
     if (display.isEmpty())
-        return QStringLiteral("no X11 display: DISPLAY is not set (Vantrel needs an X11 desktop)");
+        return QCoreApplication::translate(
+            "Platform", "no X11 display: DISPLAY is not set (Vantrel needs an X11 desktop)");
     xcb_connection_t *connection = xcb_connect(display.constData(), nullptr);
     const bool failed = xcb_connection_has_error(connection) != 0;
     xcb_disconnect(connection);
     if (failed)
-        return QStringLiteral("cannot open X11 display \"%1\"")
+        return QCoreApplication::translate("Platform", "cannot open X11 display \"%1\"")
             .arg(QString::fromLocal8Bit(display));
     return {};
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QList>
 #include <QString>
 
@@ -11,8 +12,8 @@ public:
     GlobalShortcutNames() = delete;
 
     struct Entry {
-        QString name;  // the text name: identity and settings key suffix
-        QString title; // the row title in the Shortcuts tab
+        QString name;      // the text name: identity and settings key suffix
+        const char *title; // the row title in the Shortcuts tab, in English
     };
 
     static QString toggleVantrel() { return QStringLiteral("toggleVantrel"); }
@@ -25,12 +26,19 @@ public:
     static const QList<Entry> &all()
     {
         static const QList<Entry> entries{
-            {toggleVantrel(), QStringLiteral("Toggle Vantrel")},
-            {increaseKeySize(), QStringLiteral("Increase Key Size")},
-            {decreaseKeySize(), QStringLiteral("Decrease Key Size")},
-            {openPositionCustomizer(), QStringLiteral("Open Position Customizer")},
-            {toggleMouseClicks(), QStringLiteral("Toggle Mouse Clicks")},
+            {toggleVantrel(), QT_TRANSLATE_NOOP("GlobalShortcutNames", "Toggle Vantrel")},
+            {increaseKeySize(), QT_TRANSLATE_NOOP("GlobalShortcutNames", "Increase Key Size")},
+            {decreaseKeySize(), QT_TRANSLATE_NOOP("GlobalShortcutNames", "Decrease Key Size")},
+            {openPositionCustomizer(),
+             QT_TRANSLATE_NOOP("GlobalShortcutNames", "Open Position Customizer")},
+            {toggleMouseClicks(), QT_TRANSLATE_NOOP("GlobalShortcutNames", "Toggle Mouse Clicks")},
         };
         return entries;
+    }
+
+    // An entry's title in the user's language.
+    static QString title(const Entry &entry)
+    {
+        return QCoreApplication::translate("GlobalShortcutNames", entry.title);
     }
 };

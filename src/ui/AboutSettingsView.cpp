@@ -53,11 +53,11 @@ AboutSettingsView::AboutSettingsView(QWidget *parent) : QWidget(parent)
     auto *links = new QHBoxLayout;
     links->setSpacing(16);
     links->addStretch(1);
-    links->addWidget(makeLink(QStringLiteral("Official Website"), QStringLiteral("globe"),
-                              QStringLiteral("Visit the official Vantrel website"),
+    links->addWidget(makeLink(tr("Official Website"), QStringLiteral("globe"),
+                              tr("Visit the official Vantrel website"),
                               QUrl(QString::fromUtf8(BuildConfig::websiteUrl))));
     links->addWidget(makeLink(QStringLiteral("YouTube"), QStringLiteral("youtube"),
-                              QStringLiteral("Watch Vantrel videos on YouTube"),
+                              tr("Watch Vantrel videos on YouTube"),
                               QUrl(QString::fromUtf8(BuildConfig::youTubeChannelUrl))));
     links->addStretch(1);
 

@@ -11,12 +11,14 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QCoreApplication>
 #include <QFontDatabase>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QLocale>
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QSlider>
@@ -37,16 +39,29 @@ struct AppearanceSettingsView::SliderSpec {
 namespace {
 
 const std::array basicSliders{
-    AppearanceSettingsView::SliderSpec{&AppSettings::keySize, "Size", 100, 1, "x"},
-    AppearanceSettingsView::SliderSpec{&AppSettings::keySpacing, "Spacing", 10, 0, "px"},
-    AppearanceSettingsView::SliderSpec{&AppSettings::keyOpacity, "Opacity", 10, 1, ""},
+    AppearanceSettingsView::SliderSpec{
+        &AppSettings::keySize, QT_TRANSLATE_NOOP("AppearanceSettingsView", "Size"), 100, 1, "x"},
+    AppearanceSettingsView::SliderSpec{&AppSettings::keySpacing,
+                                       QT_TRANSLATE_NOOP("AppearanceSettingsView", "Spacing"), 10,
+                                       0, "px"},
+    AppearanceSettingsView::SliderSpec{&AppSettings::keyOpacity,
+                                       QT_TRANSLATE_NOOP("AppearanceSettingsView", "Opacity"), 10,
+                                       1, ""},
 };
 
 const std::array effectSliders{
-    AppearanceSettingsView::SliderSpec{&AppSettings::keyCornerRadius, "Corner Radius", 1, 0, "px"},
-    AppearanceSettingsView::SliderSpec{&AppSettings::keyBorderWidth, "Border Width", 2, 1, "px"},
-    AppearanceSettingsView::SliderSpec{&AppSettings::keyShadowRadius, "Shadow Radius", 1, 0, "px"},
-    AppearanceSettingsView::SliderSpec{&AppSettings::keyGlowRadius, "Glow Radius", 1, 0, "px"},
+    AppearanceSettingsView::SliderSpec{&AppSettings::keyCornerRadius,
+                                       QT_TRANSLATE_NOOP("AppearanceSettingsView", "Corner Radius"),
+                                       1, 0, "px"},
+    AppearanceSettingsView::SliderSpec{&AppSettings::keyBorderWidth,
+                                       QT_TRANSLATE_NOOP("AppearanceSettingsView", "Border Width"),
+                                       2, 1, "px"},
+    AppearanceSettingsView::SliderSpec{&AppSettings::keyShadowRadius,
+                                       QT_TRANSLATE_NOOP("AppearanceSettingsView", "Shadow Radius"),
+                                       1, 0, "px"},
+    AppearanceSettingsView::SliderSpec{&AppSettings::keyGlowRadius,
+                                       QT_TRANSLATE_NOOP("AppearanceSettingsView", "Glow Radius"),
+                                       1, 0, "px"},
 };
 
 const AppearanceSettingsView::SliderSpec *findSpec(const char *key)
@@ -61,15 +76,15 @@ QString styleDisplayName(AppSettings::KeyStyle style)
 {
     switch (style) {
     case AppSettings::KeyStyle::modern:
-        return QStringLiteral("Modern");
+        return QCoreApplication::translate("AppearanceSettingsView", "Modern");
     case AppSettings::KeyStyle::classic:
-        return QStringLiteral("Classic");
+        return QCoreApplication::translate("AppearanceSettingsView", "Classic");
     case AppSettings::KeyStyle::minimal:
-        return QStringLiteral("Minimal");
+        return QCoreApplication::translate("AppearanceSettingsView", "Minimal");
     case AppSettings::KeyStyle::gaming:
-        return QStringLiteral("Gaming");
+        return QCoreApplication::translate("AppearanceSettingsView", "Gaming");
     case AppSettings::KeyStyle::neon:
-        return QStringLiteral("Neon");
+        return QCoreApplication::translate("AppearanceSettingsView", "Neon");
     }
     return {};
 }
@@ -78,22 +93,23 @@ QString animationDisplayName(AppSettings::KeyAnimationStyle style)
 {
     switch (style) {
     case AppSettings::KeyAnimationStyle::none:
-        return QStringLiteral("None");
+        return QCoreApplication::translate("AppearanceSettingsView", "None");
     case AppSettings::KeyAnimationStyle::fadeIn:
-        return QStringLiteral("Fade In");
+        return QCoreApplication::translate("AppearanceSettingsView", "Fade In");
     case AppSettings::KeyAnimationStyle::scaleIn:
-        return QStringLiteral("Scale In");
+        return QCoreApplication::translate("AppearanceSettingsView", "Scale In");
     case AppSettings::KeyAnimationStyle::slideIn:
-        return QStringLiteral("Slide In");
+        return QCoreApplication::translate("AppearanceSettingsView", "Slide In");
     case AppSettings::KeyAnimationStyle::bounce:
-        return QStringLiteral("Bounce");
+        return QCoreApplication::translate("AppearanceSettingsView", "Bounce");
     }
     return {};
 }
 
 QString formatValue(double value, int decimals, const char *suffix)
 {
-    return QString::asprintf("%.*f", decimals, value) + QString::fromUtf8(suffix);
+    // The locale's decimal sign; the units ("px", "x") read the same in every language.
+    return QLocale().toString(value, 'f', decimals) + QString::fromUtf8(suffix);
 }
 
 } // namespace

@@ -37,6 +37,28 @@ bool isLocked(const DisplayConfiguration &configuration,
            (enabledCount(configurations) == 1 && configuration.isEnabled);
 }
 
+// The menu's title of a position; the stored value stays the English raw value.
+QString positionTitle(KeyPosition position)
+{
+    switch (position) {
+    case KeyPosition::topLeft:
+        return DisplaySettingsView::tr("Top Left");
+    case KeyPosition::topCenter:
+        return DisplaySettingsView::tr("Top Center");
+    case KeyPosition::topRight:
+        return DisplaySettingsView::tr("Top Right");
+    case KeyPosition::bottomLeft:
+        return DisplaySettingsView::tr("Bottom Left");
+    case KeyPosition::bottomCenter:
+        return DisplaySettingsView::tr("Bottom Center");
+    case KeyPosition::bottomRight:
+        return DisplaySettingsView::tr("Bottom Right");
+    case KeyPosition::custom:
+        return DisplaySettingsView::tr("Custom");
+    }
+    return {};
+}
+
 } // namespace
 
 DisplaySettingsView::DisplaySettingsView(DisplaySettingsStore &store,
@@ -45,19 +67,19 @@ DisplaySettingsView::DisplaySettingsView(DisplaySettingsStore &store,
     : QWidget(parent), m_store(store), m_openPositionCustomizer(std::move(openPositionCustomizer))
 {
     auto *form = new SettingsForm;
-    m_section = form->addSection(QStringLiteral("Connected Displays"));
-    m_empty = new QLabel(QStringLiteral("No displays detected"));
+    m_section = form->addSection(tr("Connected Displays"));
+    m_empty = new QLabel(tr("No displays detected"));
     SettingsForm::makeCaption(m_empty);
     m_empty->setFont(font()); // the secondary colour at the body size
     form->addWidget(m_section, m_empty);
 
-    auto *rescan = new QPushButton(QStringLiteral("Rescan"));
+    auto *rescan = new QPushButton(tr("Rescan"));
     rescan->setObjectName(QStringLiteral("rescanDisplays"));
-    rescan->setToolTip(QStringLiteral("Refresh the list of connected displays"));
+    rescan->setToolTip(tr("Refresh the list of connected displays"));
     connect(rescan, &QPushButton::clicked, this, [this] { m_store.syncWithConnectedScreens(); });
-    auto *reset = new QPushButton(QStringLiteral("Reset"));
+    auto *reset = new QPushButton(tr("Reset"));
     reset->setObjectName(QStringLiteral("resetDisplays"));
-    reset->setToolTip(QStringLiteral("Reset display settings to defaults"));
+    reset->setToolTip(tr("Reset display settings to defaults"));
     connect(reset, &QPushButton::clicked, this, [this] { m_store.resetToDefaults(); });
     form->addTrailingWidgets({rescan, reset});
 
@@ -73,8 +95,8 @@ DisplaySettingsView::DisplaySettingsView(DisplaySettingsStore &store,
 QString DisplaySettingsView::captionText(bool isEnabled)
 {
     // The second text's word order is deliberate.
-    return isEnabled ? QStringLiteral("Keystrokes will be shown on this display")
-                     : QStringLiteral("Keystrokes will be not shown on this display");
+    return isEnabled ? tr("Keystrokes will be shown on this display")
+                     : tr("Keystrokes will be not shown on this display");
 }
 
 void DisplaySettingsView::refresh()
@@ -123,14 +145,14 @@ DisplaySettingsView::Row DisplaySettingsView::makeRow(const DisplayConfiguration
     row.caption->setContentsMargins(indicator, 0, 0, 0);
 
     row.position = new QComboBox;
-    row.position->setAccessibleName(QStringLiteral("Position"));
+    row.position->setAccessibleName(tr("Position"));
     for (const KeyPosition position : AppSettings::allCases<KeyPosition>())
         row.position->addItem(Symbols::icon(AppSettings::symbolName(position)),
-                              AppSettings::rawValue(position), static_cast<int>(position));
+                              positionTitle(position), static_cast<int>(position));
     // The open menu shows every title whole, whatever the style's margins.
     row.position->view()->setMinimumWidth(row.position->view()->sizeHintForColumn(0) + 24);
-    row.edit = new QPushButton(QStringLiteral("Edit"));
-    row.edit->setToolTip(QStringLiteral("Edit custom position"));
+    row.edit = new QPushButton(tr("Edit"));
+    row.edit->setToolTip(tr("Edit custom position"));
 
     auto *texts = new QVBoxLayout;
     texts->setSpacing(1);

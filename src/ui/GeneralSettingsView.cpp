@@ -14,6 +14,7 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QLocale>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QSignalBlocker>
@@ -71,12 +72,18 @@ GeneralSettingsView::GeneralSettingsView(SettingsStore &store, KeyManager &keyMa
 
 QString GeneralSettingsView::durationText(double seconds)
 {
-    return QString::asprintf("%.1f", seconds) + QStringLiteral("s");
+    return secondsText(QLocale().toString(seconds, 'f', 1));
+}
+
+QString GeneralSettingsView::secondsText(const QString &number)
+{
+    //: A duration in seconds, the number already in the locale's form: "1.5s", "1,5s"
+    return tr("%1s").arg(number);
 }
 
 QString GeneralSettingsView::maxKeysText(int count)
 {
-    return QString::asprintf("%lld", static_cast<long long>(count)) + QStringLiteral(" keys");
+    return tr("%Ln keys", nullptr, count);
 }
 
 QCheckBox *GeneralSettingsView::addToggle(const Setting<bool> &setting, const QString &title)
@@ -92,29 +99,27 @@ QCheckBox *GeneralSettingsView::addToggle(const Setting<bool> &setting, const QS
 
 void GeneralSettingsView::buildAppSettings(SettingsForm &form)
 {
-    QGroupBox *section = form.addSection(QStringLiteral("App Settings"));
-    form.addRow(section, QStringLiteral("Enable Vantrel"),
-                QStringLiteral("Show pressed keys on screen"),
-                addToggle(AppSettings::isVantrelEnabled, QStringLiteral("Enable Vantrel")));
+    QGroupBox *section = form.addSection(tr("App Settings"));
+    form.addRow(section, tr("Enable Vantrel"), tr("Show pressed keys on screen"),
+                addToggle(AppSettings::isVantrelEnabled, tr("Enable Vantrel")));
 
     m_launchAtLoginToggle = new QCheckBox;
     m_launchAtLoginToggle->setObjectName(QStringLiteral("launchAtLogin"));
-    m_launchAtLoginToggle->setAccessibleName(QStringLiteral("Launch at Login"));
+    m_launchAtLoginToggle->setAccessibleName(tr("Launch at Login"));
     refreshLoginItem();
     connect(m_launchAtLoginToggle, &QCheckBox::toggled, this, [this](bool checked) {
         m_loginItem.setEnabled(checked);
         // A refused write leaves the entry as it was; show what is true.
         refreshLoginItem();
     });
-    form.addRow(section, QStringLiteral("Launch at Login"),
-                QStringLiteral("Start Vantrel automatically when you log in"),
+    form.addRow(section, tr("Launch at Login"), tr("Start Vantrel automatically when you log in"),
                 m_launchAtLoginToggle);
 
     // Icons only, as the tray shows them; the application's own symbol is a template image,
     // which takes the text colour like the others.
     m_menuBarIcon = new QComboBox;
     m_menuBarIcon->setObjectName(AppSettings::menuBarIcon.name());
-    m_menuBarIcon->setAccessibleName(QStringLiteral("Menu Bar Icon"));
+    m_menuBarIcon->setAccessibleName(tr("Menu Bar Icon"));
     m_menuBarIcon->setIconSize(QSize(18, 18));
     for (const QString &name : AppSettings::shared().menuBarIconOptions) {
         m_menuBarIcon->addItem(Symbols::icon(name), QString(), name);
@@ -129,16 +134,16 @@ void GeneralSettingsView::buildAppSettings(SettingsForm &form)
     connect(m_menuBarIcon, &QComboBox::currentIndexChanged, this, storeIcon);
     // Also when the user picks the item already shown: the default, shown for an unknown name.
     connect(m_menuBarIcon, &QComboBox::activated, this, storeIcon);
-    form.addRow(section, QStringLiteral("Menu Bar Icon"),
-                QStringLiteral("Choose the icon for the menu bar"), m_menuBarIcon);
+    form.addRow(section, tr("Menu Bar Icon"), tr("Choose the icon for the menu bar"),
+                m_menuBarIcon);
 
     auto *info = new QToolButton;
     info->setObjectName(QStringLiteral("inputMonitoringInfo"));
     info->setAutoRaise(true);
     info->setIcon(Symbols::icon(QStringLiteral("info.circle")));
     info->setIconSize(QSize(12, 12));
-    info->setAccessibleName(QStringLiteral("Input Monitoring Access Information"));
-    info->setToolTip(QStringLiteral("Input Monitoring Access Information"));
+    info->setAccessibleName(tr("Input Monitoring Access Information"));
+    info->setToolTip(tr("Input Monitoring Access Information"));
     info->setCursor(Qt::PointingHandCursor);
     connect(info, &QToolButton::clicked, this, &GeneralSettingsView::showInputMonitoringInfo);
     m_access = new PermissionStatusView;
@@ -148,17 +153,17 @@ void GeneralSettingsView::buildAppSettings(SettingsForm &form)
     statusLayout->setSpacing(6);
     statusLayout->addWidget(info);
     statusLayout->addWidget(m_access);
-    form.addRow(section, QStringLiteral("Input Monitoring Access"),
-                QStringLiteral("Required to display your key presses"), status);
+    form.addRow(section, tr("Input Monitoring Access"), tr("Required to display your key presses"),
+                status);
 }
 
 void GeneralSettingsView::buildDisplay(SettingsForm &form)
 {
-    QGroupBox *section = form.addSection(QStringLiteral("Display"));
+    QGroupBox *section = form.addSection(tr("Display"));
 
     m_duration = new QSlider(Qt::Horizontal);
     m_duration->setObjectName(AppSettings::keyDisplayDuration.name());
-    m_duration->setAccessibleName(QStringLiteral("Display Duration"));
+    m_duration->setAccessibleName(tr("Display Duration"));
     const auto durations = AppSettings::keyDisplayDuration.range.value();
     m_duration->setRange(int(std::lround(durations.minimum / durationStep)),
                          int(std::lround(durations.maximum / durationStep)));
@@ -172,14 +177,14 @@ void GeneralSettingsView::buildDisplay(SettingsForm &form)
     auto *sliderLayout = new QHBoxLayout(slider);
     sliderLayout->setContentsMargins(0, 0, 0, 0);
     sliderLayout->setSpacing(6);
-    sliderLayout->addWidget(captionLabel(QString::number(durations.minimum) + u's'));
+    sliderLayout->addWidget(captionLabel(secondsText(QLocale().toString(durations.minimum))));
     sliderLayout->addWidget(m_duration);
-    sliderLayout->addWidget(captionLabel(QString::number(durations.maximum) + u's'));
-    m_durationRow = form.addRow(section, QStringLiteral("Display Duration"), QString(), slider);
+    sliderLayout->addWidget(captionLabel(secondsText(QLocale().toString(durations.maximum))));
+    m_durationRow = form.addRow(section, tr("Display Duration"), QString(), slider);
 
     m_maxKeys = new QSpinBox;
     m_maxKeys->setObjectName(AppSettings::keyMaxDisplayCount.name());
-    m_maxKeys->setAccessibleName(QStringLiteral("Max Keys Displayed"));
+    m_maxKeys->setAccessibleName(tr("Max Keys Displayed"));
     const auto counts = AppSettings::keyMaxDisplayCount.range.value();
     m_maxKeys->setRange(counts.minimum, counts.maximum);
     m_maxKeys->setSingleStep(1);
@@ -188,11 +193,11 @@ void GeneralSettingsView::buildDisplay(SettingsForm &form)
     m_maxKeys->setKeyboardTracking(false);
     connect(m_maxKeys, &QSpinBox::valueChanged, this,
             [this](int value) { m_store.setValue(AppSettings::keyMaxDisplayCount, value); });
-    m_maxKeysRow = form.addRow(section, QStringLiteral("Max Keys Displayed"), QString(), m_maxKeys);
+    m_maxKeysRow = form.addRow(section, tr("Max Keys Displayed"), QString(), m_maxKeys);
 
-    auto *reset = new QPushButton(QStringLiteral("Reset"));
+    auto *reset = new QPushButton(tr("Reset"));
     reset->setObjectName(QStringLiteral("resetGeneralSettings"));
-    reset->setToolTip(QStringLiteral("Reset to default display settings"));
+    reset->setToolTip(tr("Reset to default display settings"));
     // Also resets the master switch and the former global position, by design.
     connect(reset, &QPushButton::clicked, this,
             [this] { AppSettings::resetGeneralSettings(m_store); });
@@ -201,20 +206,19 @@ void GeneralSettingsView::buildDisplay(SettingsForm &form)
 
 void GeneralSettingsView::buildKeyTypes(SettingsForm &form)
 {
-    QGroupBox *section = form.addSection(QStringLiteral("Key Types"));
-    form.addRow(section, QStringLiteral("Show All Keys"), QStringLiteral("Display every key press"),
-                addToggle(AppSettings::showAllKeys, QStringLiteral("Show All Keys")));
-    form.addRow(section, QStringLiteral("Show Modifier Keys"), QString(),
-                addToggle(AppSettings::showModifierKeys, QStringLiteral("Show Modifier Keys")));
-    form.addRow(section, QStringLiteral("Show Function Keys"), QStringLiteral("F1, F2, F3, etc."),
-                addToggle(AppSettings::showFunctionKeys, QStringLiteral("Show Function Keys")));
-    form.addRow(section, QStringLiteral("Show Special Keys"),
-                QStringLiteral("Enter, Tab, Delete, and Escape"),
-                addToggle(AppSettings::showSpecialKeys, QStringLiteral("Show Special Keys")));
+    QGroupBox *section = form.addSection(tr("Key Types"));
+    form.addRow(section, tr("Show All Keys"), tr("Display every key press"),
+                addToggle(AppSettings::showAllKeys, tr("Show All Keys")));
+    form.addRow(section, tr("Show Modifier Keys"), QString(),
+                addToggle(AppSettings::showModifierKeys, tr("Show Modifier Keys")));
+    form.addRow(section, tr("Show Function Keys"), tr("F1, F2, F3, etc."),
+                addToggle(AppSettings::showFunctionKeys, tr("Show Function Keys")));
+    form.addRow(section, tr("Show Special Keys"), tr("Enter, Tab, Delete, and Escape"),
+                addToggle(AppSettings::showSpecialKeys, tr("Show Special Keys")));
 
-    auto *reset = new QPushButton(QStringLiteral("Reset"));
+    auto *reset = new QPushButton(tr("Reset"));
     reset->setObjectName(QStringLiteral("resetKeyboardSettings"));
-    reset->setToolTip(QStringLiteral("Reset to default key type settings"));
+    reset->setToolTip(tr("Reset to default key type settings"));
     connect(reset, &QPushButton::clicked, this,
             [this] { AppSettings::resetKeyboardSettings(m_store); });
     form.addTrailingWidgets(section, {reset});
@@ -222,33 +226,32 @@ void GeneralSettingsView::buildKeyTypes(SettingsForm &form)
 
 void GeneralSettingsView::buildMouseClicks(SettingsForm &form)
 {
-    QGroupBox *section = form.addSection(QStringLiteral("Mouse Clicks"));
-    form.addRow(section, QStringLiteral("Show Mouse Clicks"),
-                QStringLiteral("Display left and right clicks"),
-                addToggle(AppSettings::showMouseClicks, QStringLiteral("Show Mouse Clicks")));
+    QGroupBox *section = form.addSection(tr("Mouse Clicks"));
+    form.addRow(section, tr("Show Mouse Clicks"), tr("Display left and right clicks"),
+                addToggle(AppSettings::showMouseClicks, tr("Show Mouse Clicks")));
 }
 
 void GeneralSettingsView::buildReset(SettingsForm &form)
 {
-    QGroupBox *section = form.addSection(QStringLiteral("Reset"));
-    auto *resetAll = new QPushButton(QStringLiteral("Reset All Settings"));
+    QGroupBox *section = form.addSection(tr("Reset"));
+    auto *resetAll = new QPushButton(tr("Reset All Settings"));
     resetAll->setObjectName(QStringLiteral("resetAllSettings"));
     connect(resetAll, &QPushButton::clicked, this, &GeneralSettingsView::confirmResetAllSettings);
-    form.addRow(section, QStringLiteral("Reset all settings to their default values"),
-                QStringLiteral("This action cannot be undone"), resetAll);
+    form.addRow(section, tr("Reset all settings to their default values"),
+                tr("This action cannot be undone"), resetAll);
 }
 
 void GeneralSettingsView::confirmResetAllSettings()
 {
-    QMessageBox alert(QMessageBox::Warning, QStringLiteral("Vantrel"),
-                      QStringLiteral("Reset All Settings?"), QMessageBox::NoButton, window());
+    QMessageBox alert(QMessageBox::Warning, QStringLiteral("Vantrel"), tr("Reset All Settings?"),
+                      QMessageBox::NoButton, window());
     // Room for the question on two lines rather than five.
     alert.setStyleSheet(QStringLiteral(
         "QLabel#qt_msgbox_label, QLabel#qt_msgbox_informativelabel { min-width: 300px; }"));
     alert.setInformativeText(
-        QStringLiteral("Are you sure you want to reset all settings to their default values?"));
-    QPushButton *reset = alert.addButton(QStringLiteral("Reset"), QMessageBox::DestructiveRole);
-    QPushButton *cancel = alert.addButton(QStringLiteral("Cancel"), QMessageBox::RejectRole);
+        tr("Are you sure you want to reset all settings to their default values?"));
+    QPushButton *reset = alert.addButton(tr("Reset"), QMessageBox::DestructiveRole);
+    QPushButton *cancel = alert.addButton(tr("Cancel"), QMessageBox::RejectRole);
     alert.setDefaultButton(cancel);
     alert.setEscapeButton(cancel);
     alert.exec();

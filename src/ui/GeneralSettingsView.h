@@ -35,6 +35,7 @@ public:
     // duration.
     static constexpr double durationStep = 0.5;
 
+    // The texts in the user's language, numbers in the locale's form ("1,5s" in German).
     static QString durationText(double seconds);
     static QString maxKeysText(int count);
 
@@ -54,6 +55,8 @@ protected:
     void showEvent(QShowEvent *event) override;
 
 private:
+    // "1.5s" for a number already in the locale's form.
+    static QString secondsText(const QString &number);
     void buildAppSettings(SettingsForm &form);
     void buildDisplay(SettingsForm &form);
     void buildKeyTypes(SettingsForm &form);

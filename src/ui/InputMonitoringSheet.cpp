@@ -9,10 +9,10 @@ InputMonitoringSheet::InputMonitoringSheet(const QStringList &steps, bool canAll
     : QDialog(parent), m_steps(new QLabel(numberedSteps(steps))), m_problem(new QLabel),
       m_protections(new QLabel)
 {
-    setWindowTitle(QStringLiteral("Input Monitoring"));
+    setWindowTitle(tr("Input Monitoring"));
     setModal(true);
 
-    auto *heading = new QLabel(QStringLiteral("Enable Input Monitoring"));
+    auto *heading = new QLabel(tr("Enable Input Monitoring"));
     QFont font = heading->font();
     font.setPointSizeF(font.pointSizeF() * 1.25);
     font.setBold(true);
@@ -37,12 +37,12 @@ InputMonitoringSheet::InputMonitoringSheet(const QStringList &steps, bool canAll
     limit->setWordWrap(true);
 
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Close);
-    auto *checkAgain = new QPushButton(QStringLiteral("Check Again"));
+    auto *checkAgain = new QPushButton(tr("Check Again"));
     checkAgain->setDefault(true);
     buttons->addButton(checkAgain, QDialogButtonBox::ActionRole);
     connect(checkAgain, &QPushButton::clicked, this, &InputMonitoringSheet::checkAgainRequested);
     if (canAllow) {
-        auto *allow = new QPushButton(QStringLiteral("Allow"));
+        auto *allow = new QPushButton(tr("Allow"));
         allow->setObjectName(QStringLiteral("allow"));
         buttons->addButton(allow, QDialogButtonBox::ActionRole);
         connect(allow, &QPushButton::clicked, this, &InputMonitoringSheet::allowRequested);

@@ -14,10 +14,10 @@ KeyShortcutsSettingsView::KeyShortcutsSettingsView(KeyboardShortcuts &shortcuts,
     : QWidget(parent), m_shortcuts(shortcuts)
 {
     auto *form = new SettingsForm;
-    QGroupBox *section = form->addSection(QStringLiteral("Global Shortcuts"));
+    QGroupBox *section = form->addSection(tr("Global Shortcuts"));
     if (!desktopCommands.isEmpty()) {
-        auto *note = new QLabel(QStringLiteral(
-            "This desktop lets you bind keys to Vantrel's commands in its keyboard settings"));
+        auto *note = new QLabel(
+            tr("This desktop lets you bind keys to Vantrel's commands in its keyboard settings"));
         note->setWordWrap(true);
         form->addWidget(section, note);
     }
@@ -26,11 +26,12 @@ KeyShortcutsSettingsView::KeyShortcutsSettingsView(KeyboardShortcuts &shortcuts,
             // Selectable, so that the command can be copied into the desktop's settings.
             auto *command = new QLabel(desktopCommands.value(entry.name));
             command->setTextInteractionFlags(Qt::TextSelectableByMouse);
-            form->addRow(section, entry.title, QString(), command);
+            form->addRow(section, GlobalShortcutNames::title(entry), QString(), command);
             continue;
         }
         auto *recorder = new KeyboardShortcutRecorder(shortcuts, entry.name);
-        SettingsRow *row = form->addRow(section, entry.title, QString(), recorder);
+        SettingsRow *row =
+            form->addRow(section, GlobalShortcutNames::title(entry), QString(), recorder);
         // Why a combination was refused shows under the row's title until the next attempt.
         connect(recorder, &KeyboardShortcutRecorder::messageChanged, row,
                 &SettingsRow::setDescription);

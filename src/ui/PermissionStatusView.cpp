@@ -29,7 +29,7 @@ void PermissionStatusView::setGranted(bool granted)
     m_symbolName =
         granted ? QStringLiteral("checkmark.circle.fill") : QStringLiteral("xmark.circle.fill");
     m_color = granted ? grantedColor : deniedColor;
-    m_text->setText(granted ? QStringLiteral("Granted") : QStringLiteral("Not Granted"));
+    m_text->setText(granted ? tr("Granted") : tr("Not Granted"));
     setAccessibleName(m_text->text());
     showSymbol();
 }

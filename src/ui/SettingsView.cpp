@@ -32,20 +32,20 @@ SettingsView::SettingsView(SettingsStore &store, KeyManager &keyManager,
                            std::function<void(quint32)> openPositionCustomizer, QWidget *parent)
     : QWidget(parent, Qt::Window | Qt::WindowStaysOnTopHint), m_tabs(new QTabWidget)
 {
-    setWindowTitle(QStringLiteral("Vantrel Settings"));
+    setWindowTitle(tr("Vantrel Settings"));
     setObjectName(QStringLiteral("SettingsView"));
 
     m_tabs->setDocumentMode(true);
     m_tabs->setIconSize(QSize(16, 16));
-    addTab(new GeneralSettingsView(store, keyManager, loginItem), QStringLiteral("General"),
+    addTab(new GeneralSettingsView(store, keyManager, loginItem), tr("General"),
            QStringLiteral("gear"));
-    addTab(placeholder(QStringLiteral("Appearance settings are not available yet.")),
-           QStringLiteral("Appearance"), QStringLiteral("paintbrush"));
-    addTab(new DisplaySettingsView(displayStore, std::move(openPositionCustomizer)),
-           QStringLiteral("Displays"), QStringLiteral("display"));
-    addTab(placeholder(QStringLiteral("Shortcut settings are not available yet.")),
-           QStringLiteral("Shortcuts"), QStringLiteral("keyboard"));
-    addTab(new AboutSettingsView, QStringLiteral("About"), QStringLiteral("info.circle"));
+    addTab(placeholder(tr("Appearance settings are not available yet.")), tr("Appearance"),
+           QStringLiteral("paintbrush"));
+    addTab(new DisplaySettingsView(displayStore, std::move(openPositionCustomizer)), tr("Displays"),
+           QStringLiteral("display"));
+    addTab(placeholder(tr("Shortcut settings are not available yet.")), tr("Shortcuts"),
+           QStringLiteral("keyboard"));
+    addTab(new AboutSettingsView, tr("About"), QStringLiteral("info.circle"));
 
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);

@@ -2,10 +2,11 @@
 
 #include "BuildConfig.h"
 
+#include <QCoreApplication>
+
 QString Utils::formatVersionAndBuild(const QString &version, const QString &buildNumber)
 {
-    return QStringLiteral("Version ") + version + QStringLiteral(" (Build ") + buildNumber +
-           QStringLiteral(")");
+    return QCoreApplication::translate("Utils", "Version %1 (Build %2)").arg(version, buildNumber);
 }
 
 QString Utils::getAppVersionAndBuild()

@@ -26,7 +26,8 @@ for file in ./usr/bin/vantrel ./usr/libexec/vantrel-input-helper \
     ./usr/share/icons/hicolor/scalable/apps/vantrel.svg \
     ./usr/share/icons/hicolor/48x48/apps/vantrel.png \
     ./usr/share/dbus-1/services/com.vantrel.Vantrel.service \
-    ./usr/share/man/man1/vantrel.1.gz ./usr/share/doc/vantrel/copyright; do
+    ./usr/share/man/man1/vantrel.1.gz ./usr/share/doc/vantrel/copyright \
+    ./usr/share/vantrel/translations/vantrel_de.qm ./usr/share/vantrel/translations/vantrel_ja.qm; do
     grep -qxF "$file" <<<"$contents" || fail "the package lacks $file"
 done
 dpkg-deb -x "$deb" "$work/root"
@@ -41,6 +42,9 @@ for field in Package Version Architecture Maintainer Section Description Depends
 done
 [ "$(dpkg-deb -f "$deb" Package)" = vantrel ] || fail "the package is not named vantrel"
 [ "$(dpkg-deb -f "$deb" Version)" = "$version" ] || fail "the package version is not $version"
+# Qt's own texts (standard buttons, dialogs) in the user's language.
+grep -q qt6-translations-l10n <<<"$(dpkg-deb -f "$deb" Recommends)" ||
+    fail "Recommends lacks qt6-translations-l10n"
 
 # Every Qt 6 and xcb library the program links must be named by its package in Depends.
 depends="$(dpkg-deb -f "$deb" Depends)"

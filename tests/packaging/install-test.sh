@@ -28,6 +28,9 @@ expected=(
     usr/share/polkit-1/actions/com.vantrel.Vantrel.policy
 )
 for size in "${sizes[@]}"; do expected+=("usr/share/icons/hicolor/${size}x${size}/apps/vantrel.png"); done
+for language in de es fr it ja pt_BR ru zh_CN; do
+    expected+=("usr/share/vantrel/translations/vantrel_${language}.qm")
+done
 diff <(printf '%s\n' "${expected[@]}" | sort) <(cd "$root" && find . -type f -o -type l | sed 's|^\./||' | sort) ||
     fail "installed files differ from the expected list (< expected, > installed)"
 
@@ -55,6 +58,9 @@ gzip -t "$share/man/man1/vantrel.1.gz" || fail "the manual page is no gzip file"
 
 reported="$("$root/usr/bin/vantrel" --version)"
 [[ "$reported" == "Vantrel $version "* ]] || fail "installed vantrel --version says '$reported'"
+# The installed program finds its translations beside it, wherever the prefix.
+LANG=de_DE.UTF-8 LANGUAGE= LC_ALL= "$root/usr/bin/vantrel" --help | grep -q '^Aufruf: vantrel' ||
+    fail "installed vantrel --help is not German under LANG=de_DE.UTF-8"
 
 DESTDIR="$root" cmake -DVANTREL_INSTALL_MANIFEST="$root.manifest" -P "$build_dir/Uninstall.cmake" >/dev/null
 left="$(cd "$root" && find . -type f -o -type l)"

@@ -7,6 +7,7 @@
 #include "platform/linux/XkbKeyboardLayoutSource.h"
 #include "platform/linux/XkbStateReader.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -194,9 +195,11 @@ CaptureBackend::Access EvdevCaptureBackend::checkAccess()
 CaptureBackend::Access EvdevCaptureBackend::checkDeviceAccess() const
 {
     if (!QFileInfo(m_folder).isDir())
-        return {false, QStringLiteral("Vantrel finds no input devices: the folder %1 does not "
-                                      "exist.")
-                           .arg(m_folder)};
+        return {false,
+                QCoreApplication::translate(
+                    "EvdevCaptureBackend", "Vantrel finds no input devices: the folder %1 does not "
+                                           "exist.")
+                    .arg(m_folder)};
     bool denied = false;
     for (const QString &name : deviceNames()) {
         const OpenedEntry entry = openEntry(name);
@@ -208,13 +211,19 @@ CaptureBackend::Access EvdevCaptureBackend::checkDeviceAccess() const
     }
     if (denied &&
         InputGroupMembership::status() == InputGroupMembership::Status::memberFromNextLogin)
-        return {false, QStringLiteral("You are in the input group, but this session began "
-                                      "before you joined it: log out and back in.")};
+        return {false,
+                QCoreApplication::translate("EvdevCaptureBackend",
+                                            "You are in the input group, but this session began "
+                                            "before you joined it: log out and back in.")};
     if (denied)
-        return {false, QStringLiteral("Vantrel cannot read the input devices in %1 (permission "
-                                      "denied).")
+        return {false, QCoreApplication::translate(
+                           "EvdevCaptureBackend",
+                           "Vantrel cannot read the input devices in %1 (permission "
+                           "denied).")
                            .arg(m_folder)};
-    return {false, QStringLiteral("Vantrel finds no keyboard in %1.").arg(m_folder)};
+    return {false,
+            QCoreApplication::translate("EvdevCaptureBackend", "Vantrel finds no keyboard in %1.")
+                .arg(m_folder)};
 }
 
 CaptureBackend::Access EvdevCaptureBackend::requestAccess()
@@ -227,14 +236,20 @@ QStringList EvdevCaptureBackend::accessSteps() const
 {
     QStringList steps;
     if (canAskForAccess())
-        steps << QStringLiteral("Choose Allow and give an administrator's password: Vantrel's "
-                                "input helper then reads the keyboard until Vantrel quits. If no "
-                                "password dialog appears, start your desktop's authentication "
-                                "agent and choose Allow again.");
-    steps << QStringLiteral("Or add yourself to the input group: sudo usermod -aG input $USER. "
-                            "Every program you run can then read every key you type.")
-          << QStringLiteral("Log out and back in, so that the new group applies, then choose "
-                            "Check Again.");
+        steps << QCoreApplication::translate(
+            "EvdevCaptureBackend",
+            "Choose Allow and give an administrator's password: Vantrel's "
+            "input helper then reads the keyboard until Vantrel quits. If no "
+            "password dialog appears, start your desktop's authentication "
+            "agent and choose Allow again.");
+    steps << QCoreApplication::translate(
+                 "EvdevCaptureBackend",
+                 "Or add yourself to the input group: sudo usermod -aG input $USER. "
+                 "Every program you run can then read every key you type.")
+          << QCoreApplication::translate(
+                 "EvdevCaptureBackend",
+                 "Log out and back in, so that the new group applies, then choose "
+                 "Check Again.");
     return steps;
 }
 
@@ -314,8 +329,9 @@ bool EvdevCaptureBackend::restartHelper()
     }
     m_helper.stop();
     m_helperRunning = false;
-    const QString problem =
-        QStringLiteral("Vantrel's input helper stopped twice; choose Allow to start it again.");
+    const QString problem = QCoreApplication::translate(
+        "EvdevCaptureBackend",
+        "Vantrel's input helper stopped twice; choose Allow to start it again.");
     {
         const std::lock_guard guard(m_keymapLock);
         m_helperProblem = problem;

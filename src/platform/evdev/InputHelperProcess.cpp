@@ -115,14 +115,17 @@ QString InputHelperProcess::describe(State state)
     case State::running:
         return {};
     case State::dismissed:
-        return QStringLiteral("The password dialog was closed; Vantrel cannot read the keyboard.");
+        return QCoreApplication::translate(
+            "InputHelperProcess",
+            "The password dialog was closed; Vantrel cannot read the keyboard.");
     case State::noAgent:
-        return QStringLiteral("No authentication agent answered; start your desktop's "
-                              "authentication agent, then choose Check Again.");
+        return QCoreApplication::translate("InputHelperProcess",
+                                           "No authentication agent answered; start your desktop's "
+                                           "authentication agent, then choose Check Again.");
     case State::missing:
         return QStringLiteral("pkexec or vantrel-input-helper is not installed.");
     case State::ended:
-        return QStringLiteral("Vantrel's input helper stopped.");
+        return QCoreApplication::translate("InputHelperProcess", "Vantrel's input helper stopped.");
     }
     return {};
 }

@@ -49,7 +49,7 @@ QString descriptionOf(const QString &name)
 {
     for (const GlobalShortcutNames::Entry &entry : GlobalShortcutNames::all())
         if (entry.name == name)
-            return entry.title;
+            return GlobalShortcutNames::title(entry);
     return name;
 }
 

@@ -6,6 +6,7 @@
 #include "platform/linux/XkbKeyboardLayoutSource.h"
 #include "platform/linux/XkbStateReader.h"
 
+#include <QCoreApplication>
 #include <QtGlobal>
 
 #include <xcb/xcb.h>
@@ -52,13 +53,16 @@ std::optional<QString> inputExtensionProblem(xcb_connection_t *connection)
     const xcb_query_extension_reply_t *extension =
         xcb_get_extension_data(connection, &xcb_input_id);
     if (!extension || !extension->present)
-        return QStringLiteral("The X server has no XInput extension; Vantrel needs XInput 2.2.");
+        return QCoreApplication::translate(
+            "X11CaptureBackend", "The X server has no XInput extension; Vantrel needs XInput 2.2.");
     const XcbReply<xcb_input_xi_query_version_reply_t> version(xcb_input_xi_query_version_reply(
         connection, xcb_input_xi_query_version(connection, 2, 2), nullptr));
     if (!version)
-        return QStringLiteral("The X server did not answer the XInput version query.");
+        return QCoreApplication::translate("X11CaptureBackend",
+                                           "The X server did not answer the XInput version query.");
     if (version->major_version < 2 || (version->major_version == 2 && version->minor_version < 2))
-        return QStringLiteral(
+        return QCoreApplication::translate(
+                   "X11CaptureBackend",
                    "The X server offers XInput %1.%2; Vantrel needs XInput 2.2 or newer.")
             .arg(version->major_version)
             .arg(version->minor_version);
@@ -88,11 +92,14 @@ CaptureBackend::Access X11CaptureBackend::openConnection(const QByteArray &displ
 {
     const QByteArray name = displayName.isEmpty() ? qgetenv("DISPLAY") : displayName;
     if (name.isEmpty())
-        return {false, QStringLiteral("No X display is set (DISPLAY is empty); Vantrel needs an "
-                                      "X11 desktop.")};
+        return {false,
+                QCoreApplication::translate(
+                    "X11CaptureBackend", "No X display is set (DISPLAY is empty); Vantrel needs an "
+                                         "X11 desktop.")};
     m_connection = xcb_connect(name.constData(), nullptr);
     if (xcb_connection_has_error(m_connection))
-        return {false, QStringLiteral("Vantrel cannot open the X display \"%1\".")
+        return {false, QCoreApplication::translate("X11CaptureBackend",
+                                                   "Vantrel cannot open the X display \"%1\".")
                            .arg(QString::fromLocal8Bit(name))};
     if (const std::optional<QString> problem = inputExtensionProblem(m_connection))
         return {false, *problem};
@@ -113,8 +120,11 @@ CaptureBackend::Access X11CaptureBackend::requestAccess()
 
 QStringList X11CaptureBackend::accessSteps() const
 {
-    return {QStringLiteral("Log in to an X11 session (Xorg), not a Wayland one."),
-            QStringLiteral("Make sure the X server offers XInput 2.2 (every current Xorg does).")};
+    return {QCoreApplication::translate("X11CaptureBackend",
+                                        "Log in to an X11 session (Xorg), not a Wayland one."),
+            QCoreApplication::translate(
+                "X11CaptureBackend",
+                "Make sure the X server offers XInput 2.2 (every current Xorg does).")};
 }
 
 bool X11CaptureBackend::install()
