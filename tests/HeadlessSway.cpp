@@ -210,6 +210,16 @@ bool HeadlessSway::run(const QString &program, const QStringList &arguments, int
     return TestProcess::run(environment(), program, arguments, timeoutMs);
 }
 
+bool HeadlessSway::hasWindow(const QString &title) const
+{
+    QByteArray tree;
+    if (!TestProcess::run(environment(), QStringLiteral("swaymsg"),
+                          {QStringLiteral("-r"), QStringLiteral("-t"), QStringLiteral("get_tree")},
+                          5000, &tree))
+        return false;
+    return tree.contains(QByteArray("\"name\": \"" + title.toUtf8() + '"'));
+}
+
 bool HeadlessSway::pointer(const QStringList &commands) const
 {
     // The layout is the first output's size: tests place their pointer there.

@@ -38,6 +38,8 @@ public:
     QString startXWayland();
     // Every output (or the one named `output`) as grim reads it back; null on failure.
     QImage grab(const QString &output = {}) const;
+    // Whether a window with this title is mapped (in the scratchpad too).
+    bool hasWindow(const QString &title) const;
     // Moves and clicks a virtual pointer (commands of tests/WaylandPointer.cpp: "move X Y",
     // "press", "release", "click", "wait MS") over a layout of one 1920x1080 output.
     bool pointer(const QStringList &commands) const;

@@ -192,8 +192,7 @@ int VantrelApp::main(int argc, char *argv[])
     // Overlays on layer surfaces need no X11 at all: Qt's own windows (settings, tray) are then
     // Wayland windows too. Otherwise the overlays are X11 windows, through XWayland in a Wayland
     // session.
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", Platform::drawsOverlaysOnLayerShell() ? "wayland" : "xcb");
+    Platform::prepareQtPlatform();
 
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Vantrel"));

@@ -20,6 +20,8 @@
 
 #include <QCoreApplication>
 
+#include <cstdio>
+
 #include <xcb/xcb.h>
 
 namespace {
@@ -59,6 +61,39 @@ QString Platform::displayProblem()
         return QCoreApplication::translate("Platform", "cannot open X11 display \"%1\"")
             .arg(QString::fromLocal8Bit(display));
     return {};
+}
+
+namespace {
+
+QtMessageHandler passOnMessage = nullptr;
+
+// Qt says once that the GL buffer integration it was told not to load is missing.
+void dropBufferIntegrationNotes(QtMsgType type, const QMessageLogContext &context,
+                                const QString &message)
+{
+    if (type == QtWarningMsg && qstrcmp(context.category, "qt.qpa.wayland") == 0 &&
+        (message.startsWith(u"Failed to load client buffer integration") ||
+         message.startsWith(u"Available client buffer integrations")))
+        return;
+    if (passOnMessage)
+        passOnMessage(type, context, message);
+    else
+        std::fprintf(stderr, "%s\n", qPrintable(qFormatLogMessage(type, context, message)));
+}
+
+} // namespace
+
+void Platform::prepareQtPlatform()
+{
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", drawsOverlaysOnLayerShell() ? "wayland" : "xcb");
+    // Vantrel's windows paint with QPainter into shared memory. Without this, Qt's wayland
+    // platform loads EGL and the GL driver (about 50 MB resident with Mesa) that nothing uses.
+    if (qgetenv("QT_QPA_PLATFORM") == "wayland" &&
+        !qEnvironmentVariableIsSet("QT_WAYLAND_CLIENT_BUFFER_INTEGRATION")) {
+        qputenv("QT_WAYLAND_CLIENT_BUFFER_INTEGRATION", "none");
+        passOnMessage = qInstallMessageHandler(&dropBufferIntegrationNotes);
+    }
 }
 
 std::unique_ptr<CompositorWatcher> Platform::createCompositorWatcher()

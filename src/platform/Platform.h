@@ -34,6 +34,10 @@ public:
     // Wayland session whose compositor offers the layer shell, or when VANTREL_OVERLAY=wayland.
     // VANTREL_OVERLAY=x11 keeps X11 windows, through XWayland in a Wayland session. Decided once.
     static bool drawsOverlaysOnLayerShell();
+    // Chooses Qt's platform before the application object exists: wayland where overlays are
+    // layer surfaces, xcb otherwise (unless QT_QPA_PLATFORM says), and on wayland shared-memory
+    // windows without GL.
+    static void prepareQtPlatform();
     // Follows whether a compositing manager runs; nothing when no display can be reached.
     static std::unique_ptr<CompositorWatcher> createCompositorWatcher();
     // Calls `handler` on the main thread when the process is asked to terminate (SIGINT, SIGTERM).

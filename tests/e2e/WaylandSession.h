@@ -46,6 +46,7 @@ public:
         m_busAddress = m_busOwner.startSessionBus();
         return !m_busAddress.isEmpty();
     }
+    QString sessionBus() const { return m_busAddress; }
     // Another session bus for Vantrel (none by default).
     void setSessionBus(const QString &address) { m_busAddress = address; }
 

@@ -2,15 +2,20 @@
 // device folder of a pipe, caps drawn on layer surfaces and read back from sway's outputs, the
 // position customizer driven with a virtual pointer and keyboard. The cases run in order: the
 // customizer's place is where the later ones find the row.
+#include "FakeStatusNotifierWatcher.h"
 #include "WaylandSession.h"
 #include "settings/AppSettings.h"
 #include "settings/SettingsStore.h"
 
+#include <QDBusArgument>
+#include <QDBusInterface>
+#include <QDBusReply>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QTest>
 
+#include <algorithm>
 #include <memory>
 
 namespace {
@@ -19,8 +24,29 @@ namespace {
 const QRect bottomBand(0, 1080 - 300, 1920, 300);
 // Where the customizer puts the row: centred on (480, 540); clear of window borders.
 const QRect placedBand(20, 540 - 150, 1880, 300);
+// Longer than Vantrel waits for a tray host before it opens the settings window instead.
+constexpr qint64 trayHostWaitMs = 6000;
 // A point of the desktop that the customizer dims and no cap covers.
 const QPoint desktopPoint(100, 100);
+
+// The labels of a menu layout as com.canonical.dbusmenu gives it: (id, properties, children).
+void collectLabels(const QDBusArgument &layout, QMap<QString, int> *labels)
+{
+    int id = 0;
+    QVariantMap properties;
+    layout.beginStructure();
+    layout >> id >> properties;
+    layout.beginArray();
+    while (!layout.atEnd()) {
+        QDBusVariant child;
+        layout >> child;
+        collectLabels(child.variant().value<QDBusArgument>(), labels);
+    }
+    layout.endArray();
+    layout.endStructure();
+    if (properties.contains(QStringLiteral("label")))
+        labels->insert(properties.value(QStringLiteral("label")).toString().remove(u'_'), id);
+}
 
 QJsonArray displayRecords(const QString &settingsPath)
 {
@@ -35,6 +61,8 @@ class tst_e2e_WaylandLayerShell final : public QObject {
     Q_OBJECT
 
     std::unique_ptr<WaylandSession> m_session;
+    FakeStatusNotifierWatcher m_trayHost;
+    QElapsedTimer m_sinceStart;
 
     int caps() const { return m_session->capCount(bottomBand); }
     bool pointer(const QString &commands) const
@@ -56,16 +84,17 @@ private slots:
         m_session = std::make_unique<WaylandSession>(HeadlessSway::XWayland::disabled);
         QString error;
         QVERIFY2(m_session->sway().start(&error), qPrintable(error));
-        // No tray host: the settings window opens after a while; it goes out of sight so that
-        // only the overlay shows on the output.
+        // Windows of Vantrel go out of sight, so that only the overlay shows on the output.
         QVERIFY(m_session->sway().swaymsg(
             {QStringLiteral("for_window [title=\"^Vantrel\"] move scratchpad")}));
         QVERIFY(m_session->startSessionBus());
+        QVERIFY(m_trayHost.start(m_session->sessionBus()));
         SettingsStore(m_session->settingsPath())
             .setRawValue(QStringLiteral("keyDisplayDuration"), 1.0);
         QProcessEnvironment env = m_session->sway().environment(); // no DISPLAY
         env.remove(QStringLiteral("QT_QPA_PLATFORM"));
         QVERIFY2(m_session->startVantrel(env, &error), qPrintable(error));
+        m_sinceStart.start();
         m_desktop = m_session->sway().grab().pixel(desktopPoint);
     }
     void cleanupTestCase() { m_session.reset(); }
@@ -127,6 +156,34 @@ private slots:
         QVERIFY(m_session->press({{KEY_K, 0}, {KEY_LEFTCTRL, 0}}));
         target.terminate();
         target.waitForFinished(5000);
+    }
+
+    // The tray is a status notifier item whose menu opens the settings window; with a tray
+    // host, no window opened by itself.
+    void trayMenuOpensTheSettings()
+    {
+        QTRY_COMPARE_WITH_TIMEOUT(m_trayHost.items().size(), 1, 5000);
+        // Without a tray host the window would have opened by now.
+        QTest::qWait(std::max<qint64>(0, trayHostWaitMs - m_sinceStart.elapsed()));
+        QVERIFY(!m_session->sway().hasWindow(QStringLiteral("Vantrel Settings")));
+        const QDBusConnection bus = QDBusConnection::connectToBus(m_session->sessionBus(), "test");
+        QDBusInterface item(m_trayHost.items().first(), QStringLiteral("/StatusNotifierItem"),
+                            QStringLiteral("org.kde.StatusNotifierItem"), bus);
+        const QString menuPath = item.property("Menu").value<QDBusObjectPath>().path();
+        QDBusInterface menu(item.service(), menuPath, QStringLiteral("com.canonical.dbusmenu"),
+                            bus);
+        const QDBusMessage layout = menu.call(QStringLiteral("GetLayout"), 0, -1, QStringList());
+        QCOMPARE(layout.type(), QDBusMessage::ReplyMessage);
+        QMap<QString, int> labels;
+        collectLabels(layout.arguments().at(1).value<QDBusArgument>(), &labels);
+        const auto settings =
+            std::find_if(labels.keyBegin(), labels.keyEnd(),
+                         [](const QString &label) { return label.startsWith(u"Settings"); });
+        QVERIFY2(settings != labels.keyEnd(), qPrintable(labels.keys().join(u", ")));
+        menu.call(QStringLiteral("Event"), labels.value(*settings), QStringLiteral("clicked"),
+                  QVariant::fromValue(QDBusVariant(QString())), 0u);
+        QTRY_VERIFY_WITH_TIMEOUT(m_session->sway().hasWindow(QStringLiteral("Vantrel Settings")),
+                                 5000);
     }
 
     // An output added while Vantrel runs becomes a display that is off until it is enabled; with
