@@ -8,6 +8,8 @@
 #define namespace layerNamespace
 #include "wlr-layer-shell-unstable-v1-client-protocol.h"
 #undef namespace
+#include "fractional-scale-v1-client-protocol.h"
+#include "viewporter-client-protocol.h"
 #include "xdg-output-unstable-v1-client-protocol.h"
 
 #include <algorithm>
@@ -110,6 +112,10 @@ WaylandConnection::~WaylandConnection()
         releaseOutput(*output);
     if (m_xdgOutputManager)
         zxdg_output_manager_v1_destroy(m_xdgOutputManager);
+    if (m_fractionalScale)
+        wp_fractional_scale_manager_v1_destroy(m_fractionalScale);
+    if (m_viewporter)
+        wp_viewporter_destroy(m_viewporter);
     if (m_layerShell)
         zwlr_layer_shell_v1_destroy(m_layerShell);
     if (m_seat) {
@@ -190,6 +196,12 @@ void WaylandConnection::handleGlobal(void *data, wl_registry *registry, quint32 
                !self->m_xdgOutputManager && version >= ZXDG_OUTPUT_V1_NAME_SINCE_VERSION) {
         self->m_xdgOutputManager = static_cast<zxdg_output_manager_v1 *>(
             bind(&zxdg_output_manager_v1_interface, xdgOutputVersion));
+    } else if (std::strcmp(interface, wp_fractional_scale_manager_v1_interface.name) == 0 &&
+               !self->m_fractionalScale) {
+        self->m_fractionalScale = static_cast<wp_fractional_scale_manager_v1 *>(
+            bind(&wp_fractional_scale_manager_v1_interface, 1));
+    } else if (std::strcmp(interface, wp_viewporter_interface.name) == 0 && !self->m_viewporter) {
+        self->m_viewporter = static_cast<wp_viewporter *>(bind(&wp_viewporter_interface, 1));
     } else if (std::strcmp(interface, wl_output_interface.name) == 0 && version >= 2) {
         auto output = std::make_unique<Output>();
         output->connection = self;

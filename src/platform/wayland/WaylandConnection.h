@@ -14,6 +14,8 @@ struct wl_output;
 struct wl_registry;
 struct wl_seat;
 struct wl_shm;
+struct wp_fractional_scale_manager_v1;
+struct wp_viewporter;
 struct zwlr_layer_shell_v1;
 struct zxdg_output_manager_v1;
 struct zxdg_output_v1;
@@ -47,6 +49,9 @@ public:
     wl_compositor *compositor() const { return m_compositor; }
     wl_shm *shm() const { return m_shm; }
     zwlr_layer_shell_v1 *layerShell() const { return m_layerShell; }
+    // Fractional scales and the viewports that show their buffers; nullptr where not offered.
+    wp_fractional_scale_manager_v1 *fractionalScaleManager() const { return m_fractionalScale; }
+    wp_viewporter *viewporter() const { return m_viewporter; }
     // The first seat the compositor announced; nullptr when it has none.
     wl_seat *seat() const { return m_seat; }
     // What the seat has now (wl_seat capability bits: pointer, keyboard, touch).
@@ -91,6 +96,8 @@ private:
     quint32 m_seatCapabilities = 0;
     zwlr_layer_shell_v1 *m_layerShell = nullptr;
     zxdg_output_manager_v1 *m_xdgOutputManager = nullptr;
+    wp_fractional_scale_manager_v1 *m_fractionalScale = nullptr;
+    wp_viewporter *m_viewporter = nullptr;
     std::vector<std::unique_ptr<Output>> m_outputs;
     std::unique_ptr<QSocketNotifier> m_notifier;
     bool m_lost = false;

@@ -12,6 +12,8 @@
 #define namespace layerNamespace
 #include "wlr-layer-shell-unstable-v1-client-protocol.h"
 #undef namespace
+#include "fractional-scale-v1-client-protocol.h"
+#include "viewporter-client-protocol.h"
 
 #include <algorithm>
 #include <cmath>
@@ -45,7 +47,7 @@ WaylandKeyRowRenderer::WaylandKeyRowRenderer(std::unique_ptr<WaylandConnection> 
     : m_connection(std::move(connection)), m_band(band)
 {
     m_connection->onScaleChanged = [this](WaylandConnection::Output &output) {
-        if (output.name == m_outputName)
+        if (output.name == m_outputName && !m_fractionalScale)
             followScale(output.scale);
     };
     m_connection->onOutputRemoved = [this](WaylandConnection::Output &output) {
@@ -64,17 +66,18 @@ WaylandKeyRowRenderer::~WaylandKeyRowRenderer()
     m_buffers.reset();
 }
 
-void WaylandKeyRowRenderer::followScale(int scale)
+void WaylandKeyRowRenderer::followScale(double scale)
 {
     if (!m_surface || scale == m_scale)
         return;
-    // Buffers of the new scale, the row drawn again in one of them.
     m_scale = scale;
     if (!createBuffers()) {
         stop("no memory for the overlay's buffers");
         return;
     }
-    wl_surface_set_buffer_scale(m_surface, m_scale);
+    // With a viewport the buffer keeps scale 1 and the viewport gives its logical size.
+    if (!m_viewport)
+        wl_surface_set_buffer_scale(m_surface, int(m_scale));
     m_shown = QRect(QPoint(0, 0), m_buffers->size());
     m_capImages.assign(m_capImages.size(), {});
     m_sceneChanged = true;
@@ -94,7 +97,16 @@ bool WaylandKeyRowRenderer::createSurface(const QString &outputName)
     wl_region *region = wl_compositor_create_region(compositor);
     wl_surface_set_input_region(m_surface, region);
     wl_region_destroy(region);
-    wl_surface_set_buffer_scale(m_surface, m_scale);
+    if (m_connection->fractionalScaleManager() && m_connection->viewporter()) {
+        static const wp_fractional_scale_v1_listener scaleListener{&handlePreferredScale};
+        m_fractionalScale = wp_fractional_scale_manager_v1_get_fractional_scale(
+            m_connection->fractionalScaleManager(), m_surface);
+        wp_fractional_scale_v1_add_listener(m_fractionalScale, &scaleListener, this);
+        m_viewport = wp_viewporter_get_viewport(m_connection->viewporter(), m_surface);
+        wp_viewport_set_destination(m_viewport, m_band.width(), m_band.height());
+    } else {
+        wl_surface_set_buffer_scale(m_surface, int(m_scale));
+    }
     m_layerSurface = zwlr_layer_shell_v1_get_layer_surface(
         m_connection->layerShell(), m_surface, output ? output->output : nullptr,
         ZWLR_LAYER_SHELL_V1_LAYER_OVERLAY, "vantrel-keys");
@@ -119,15 +131,23 @@ bool WaylandKeyRowRenderer::createSurface(const QString &outputName)
 bool WaylandKeyRowRenderer::createBuffers()
 {
     m_buffers.reset();
-    m_buffers = WaylandShmBuffers::create(m_connection->shm(), m_band.size() * m_scale, [this] {
-        if (m_waitingForBuffer)
-            drawFrame();
-    });
+    // A fractional scale's buffer is the band's size times the scale, rounded.
+    m_buffers = WaylandShmBuffers::create(m_connection->shm(),
+                                          (QSizeF(m_band.size()) * m_scale).toSize(), [this] {
+                                              if (m_waitingForBuffer)
+                                                  drawFrame();
+                                          });
     return m_buffers != nullptr;
 }
 
 void WaylandKeyRowRenderer::destroySurface()
 {
+    if (m_fractionalScale)
+        wp_fractional_scale_v1_destroy(m_fractionalScale);
+    m_fractionalScale = nullptr;
+    if (m_viewport)
+        wp_viewport_destroy(m_viewport);
+    m_viewport = nullptr;
     if (m_frameCallback)
         wl_callback_destroy(m_frameCallback);
     m_frameCallback = nullptr;
@@ -269,6 +289,14 @@ void WaylandKeyRowRenderer::handleClosed(void *data, zwlr_layer_surface_v1 *)
     auto *self = static_cast<WaylandKeyRowRenderer *>(data);
     self->destroySurface();
     self->m_stopped = true;
+}
+
+void WaylandKeyRowRenderer::handlePreferredScale(void *data, wp_fractional_scale_v1 *,
+                                                 quint32 scale120)
+{
+    // The protocol gives the scale in 120ths.
+    if (scale120 > 0)
+        static_cast<WaylandKeyRowRenderer *>(data)->followScale(scale120 / 120.0);
 }
 
 void WaylandKeyRowRenderer::handleFrameDone(void *data, wl_callback *callback, quint32)

@@ -16,6 +16,8 @@ class WaylandConnection;
 class WaylandShmBuffers;
 struct wl_callback;
 struct wl_surface;
+struct wp_fractional_scale_v1;
+struct wp_viewport;
 struct zwlr_layer_surface_v1;
 
 // Draws a key row on a layer surface of the compositor's overlay layer (wlr layer shell), on a
@@ -26,7 +28,8 @@ struct zwlr_layer_surface_v1;
 // memory buffers (one the compositor still reads is never drawn into) from the caps' images, as
 // the X11 renderer composes them. While anything moves, the compositor paces the frames with
 // frame callbacks; an idle row commits nothing. Integer output scales are honoured; a fractional
-// scale is drawn at the integer scale the compositor announces.
+// scale is drawn at that scale where the compositor offers fractional scales, otherwise at the
+// integer scale it announces.
 class WaylandKeyRowRenderer final : public KeyRowRenderer {
 public:
     // A layer surface over `band` (logical pixels, relative to the output's top-left corner) of
@@ -61,7 +64,8 @@ private:
     WaylandKeyRowRenderer(std::unique_ptr<WaylandConnection> connection, const QRect &band);
     bool createSurface(const QString &outputName);
     bool createBuffers();
-    void followScale(int scale);
+    // Buffers at `scale` (device pixels per logical pixel) and the row drawn again in them.
+    void followScale(double scale);
     // Paints and commits the scene as of now, in a free buffer; asks for the next frame while
     // anything moves.
     void drawFrame();
@@ -73,15 +77,20 @@ private:
                                 quint32 width, quint32 height);
     static void handleClosed(void *data, zwlr_layer_surface_v1 *surface);
     static void handleFrameDone(void *data, wl_callback *callback, quint32 time);
+    static void handlePreferredScale(void *data, wp_fractional_scale_v1 *scale, quint32 scale120);
 
     const std::unique_ptr<WaylandConnection> m_connection;
     const QRect m_band;
     QString m_outputName; // the surface's; empty when the compositor chose
-    int m_scale = 1;
+    double m_scale = 1.0;
 
     wl_surface *m_surface = nullptr;
     zwlr_layer_surface_v1 *m_layerSurface = nullptr;
     wl_callback *m_frameCallback = nullptr;
+    // Where the compositor offers them: the surface's fractional scale and the viewport that
+    // shows its finer buffer at the band's logical size. Output scales are ignored then.
+    wp_fractional_scale_v1 *m_fractionalScale = nullptr;
+    wp_viewport *m_viewport = nullptr;
     std::unique_ptr<WaylandShmBuffers> m_buffers;
 
     std::shared_ptr<const KeyRowScene> m_scene;
