@@ -234,6 +234,21 @@
     </message>
 </context>
 <context>
+    <name>AtSpiFocusWatcher</name>
+    <message>
+        <source>The accessibility bus (AT-SPI) is not running, so password fields cannot be recognised.</source>
+        <translation>Der Barrierefreiheitsbus (AT-SPI) läuft nicht, daher lassen sich Passwortfelder nicht erkennen.</translation>
+    </message>
+    <message>
+        <source>There is no session bus to find the accessibility bus on.</source>
+        <translation>Es gibt keinen Sitzungsbus, über den sich der Barrierefreiheitsbus finden ließe.</translation>
+    </message>
+    <message>
+        <source>Nothing is shown while a password field has the focus.</source>
+        <translation>Nichts wird angezeigt, solange ein Passwortfeld den Fokus hat.</translation>
+    </message>
+</context>
+<context>
     <name>DisplaySettingsView</name>
     <message>
         <source>Top Left</source>
@@ -546,6 +561,26 @@
         <source>Allow</source>
         <translation>Erlauben</translation>
     </message>
+    <message>
+        <source>Privacy</source>
+        <translation>Datenschutz</translation>
+    </message>
+    <message>
+        <source>Not covered: a password typed into a terminal (sudo, ssh) has no field to recognise, so it shows like any other typing.</source>
+        <translation>Nicht abgedeckt: Ein Passwort, das in einem Terminal eingegeben wird (sudo, ssh), hat kein erkennbares Feld und erscheint wie jede andere Eingabe.</translation>
+    </message>
+    <message>
+        <source>%1: on.</source>
+        <translation>%1: an.</translation>
+    </message>
+    <message>
+        <source>%1: off.</source>
+        <translation>%1: aus.</translation>
+    </message>
+    <message>
+        <source>Keys are not hidden anywhere: no protection is running.</source>
+        <translation>Tasten werden nirgends ausgeblendet: Kein Schutz ist aktiv.</translation>
+    </message>
 </context>
 <context>
     <name>KeyShortcutsSettingsView</name>
@@ -594,6 +629,25 @@
     <message>
         <source>Record Shortcut</source>
         <translation>Tastenkürzel aufnehmen</translation>
+    </message>
+</context>
+<context>
+    <name>LogindLockWatcher</name>
+    <message>
+        <source>There is no system bus to ask the login manager (logind).</source>
+        <translation>Es gibt keinen Systembus, um den Anmeldedienst (logind) zu fragen.</translation>
+    </message>
+    <message>
+        <source>The login manager (logind) does not answer.</source>
+        <translation>Der Anmeldedienst (logind) antwortet nicht.</translation>
+    </message>
+    <message>
+        <source>The login manager (logind) knows no session of yours.</source>
+        <translation>Der Anmeldedienst (logind) kennt keine Sitzung von Ihnen.</translation>
+    </message>
+    <message>
+        <source>Nothing is shown while the login manager says this session is locked.</source>
+        <translation>Nichts wird angezeigt, solange der Anmeldedienst diese Sitzung als gesperrt meldet.</translation>
     </message>
 </context>
 <context>
@@ -684,6 +738,36 @@
     <message>
         <source>Preset Name</source>
         <translation>Name der Vorlage</translation>
+    </message>
+</context>
+<context>
+    <name>ScreenSaverLockWatcher</name>
+    <message>
+        <source>There is no session bus to hear the screen locker on.</source>
+        <translation>Es gibt keinen Sitzungsbus, auf dem die Bildschirmsperre zu hören wäre.</translation>
+    </message>
+    <message>
+        <source>Nothing is shown while the screen locker is active.</source>
+        <translation>Nichts wird angezeigt, solange die Bildschirmsperre aktiv ist.</translation>
+    </message>
+</context>
+<context>
+    <name>Secrecy</name>
+    <message>
+        <source>Locked session</source>
+        <translation>Gesperrte Sitzung</translation>
+    </message>
+    <message>
+        <source>Screen locker</source>
+        <translation>Bildschirmsperre</translation>
+    </message>
+    <message>
+        <source>X11 screen saver</source>
+        <translation>X11-Bildschirmschoner</translation>
+    </message>
+    <message>
+        <source>Password fields</source>
+        <translation>Passwortfelder</translation>
     </message>
 </context>
 <context>
@@ -960,6 +1044,23 @@ Optionen:
         <source>Vantrel stopped showing pressed keys.</source>
         <translation>Vantrel zeigt keine Tasten mehr an.</translation>
     </message>
+    <message>
+        <source>Privacy: nothing is shown, keys, modifiers and clicks alike, while the session is
+locked (logind, the screen locker&apos;s signals, the X11 screen saver) or while a
+password field has the focus (followed on the accessibility bus, AT-SPI2).
+Settings &gt; General &gt; Input Monitoring lists which protections are on.
+Not covered: a password typed into a terminal (sudo, ssh) has no field to
+detect; switch Vantrel off first (vantrel --toggle).
+</source>
+        <translation>Datenschutz: Nichts wird angezeigt, weder Tasten noch Modifikatortasten noch
+Klicks, solange die Sitzung gesperrt ist (logind, die Signale der
+Bildschirmsperre, der X11-Bildschirmschoner) oder ein Passwortfeld den Fokus
+hat (verfolgt über den Barrierefreiheitsbus, AT-SPI2). Welche Schutzfunktionen
+an sind, zeigt Einstellungen &gt; Allgemein &gt; Tastaturzugriff.
+Nicht abgedeckt: Ein Passwort in einem Terminal (sudo, ssh) hat kein Feld, das
+sich erkennen ließe; schalten Sie Vantrel vorher aus (vantrel --toggle).
+</translation>
+    </message>
 </context>
 <context>
     <name>X11CaptureBackend</name>
@@ -990,6 +1091,17 @@ Optionen:
     <message>
         <source>Make sure the X server offers XInput 2.2 (every current Xorg does).</source>
         <translation>Der X-Server muss XInput 2.2 bieten (jedes aktuelle Xorg tut das).</translation>
+    </message>
+</context>
+<context>
+    <name>X11ScreenSaverWatcher</name>
+    <message>
+        <source>The X server has no screen saver extension (MIT-SCREEN-SAVER).</source>
+        <translation>Der X-Server hat keine Bildschirmschoner-Erweiterung (MIT-SCREEN-SAVER).</translation>
+    </message>
+    <message>
+        <source>Nothing is shown while the X11 screen saver or locker is on.</source>
+        <translation>Nichts wird angezeigt, solange der X11-Bildschirmschoner oder die Sperre an ist.</translation>
     </message>
 </context>
 </TS>

@@ -234,6 +234,21 @@
     </message>
 </context>
 <context>
+    <name>AtSpiFocusWatcher</name>
+    <message>
+        <source>The accessibility bus (AT-SPI) is not running, so password fields cannot be recognised.</source>
+        <translation>El bus de accesibilidad (AT-SPI) no está en marcha, así que no se pueden reconocer los campos de contraseña.</translation>
+    </message>
+    <message>
+        <source>There is no session bus to find the accessibility bus on.</source>
+        <translation>No hay bus de sesión en el que buscar el bus de accesibilidad.</translation>
+    </message>
+    <message>
+        <source>Nothing is shown while a password field has the focus.</source>
+        <translation>No se muestra nada mientras un campo de contraseña tiene el foco.</translation>
+    </message>
+</context>
+<context>
     <name>DisplaySettingsView</name>
     <message>
         <source>Top Left</source>
@@ -546,6 +561,26 @@
         <source>Allow</source>
         <translation>Permitir</translation>
     </message>
+    <message>
+        <source>Privacy</source>
+        <translation>Privacidad</translation>
+    </message>
+    <message>
+        <source>Not covered: a password typed into a terminal (sudo, ssh) has no field to recognise, so it shows like any other typing.</source>
+        <translation>No cubierto: una contraseña escrita en un terminal (sudo, ssh) no tiene un campo que reconocer, así que se muestra como cualquier otro texto.</translation>
+    </message>
+    <message>
+        <source>%1: on.</source>
+        <translation>%1: funcionando.</translation>
+    </message>
+    <message>
+        <source>%1: off.</source>
+        <translation>%1: sin funcionar.</translation>
+    </message>
+    <message>
+        <source>Keys are not hidden anywhere: no protection is running.</source>
+        <translation>No se oculta ninguna tecla: no hay ninguna protección funcionando.</translation>
+    </message>
 </context>
 <context>
     <name>KeyShortcutsSettingsView</name>
@@ -594,6 +629,25 @@
     <message>
         <source>Record Shortcut</source>
         <translation>Grabar atajo</translation>
+    </message>
+</context>
+<context>
+    <name>LogindLockWatcher</name>
+    <message>
+        <source>There is no system bus to ask the login manager (logind).</source>
+        <translation>No hay bus del sistema para preguntar al gestor de sesiones (logind).</translation>
+    </message>
+    <message>
+        <source>The login manager (logind) does not answer.</source>
+        <translation>El gestor de sesiones (logind) no responde.</translation>
+    </message>
+    <message>
+        <source>The login manager (logind) knows no session of yours.</source>
+        <translation>El gestor de sesiones (logind) no conoce ninguna sesión tuya.</translation>
+    </message>
+    <message>
+        <source>Nothing is shown while the login manager says this session is locked.</source>
+        <translation>No se muestra nada mientras el gestor de sesiones indica que esta sesión está bloqueada.</translation>
     </message>
 </context>
 <context>
@@ -684,6 +738,36 @@
     <message>
         <source>Preset Name</source>
         <translation>Nombre del estilo</translation>
+    </message>
+</context>
+<context>
+    <name>ScreenSaverLockWatcher</name>
+    <message>
+        <source>There is no session bus to hear the screen locker on.</source>
+        <translation>No hay bus de sesión en el que escuchar el bloqueo de pantalla.</translation>
+    </message>
+    <message>
+        <source>Nothing is shown while the screen locker is active.</source>
+        <translation>No se muestra nada mientras el bloqueo de pantalla está activo.</translation>
+    </message>
+</context>
+<context>
+    <name>Secrecy</name>
+    <message>
+        <source>Locked session</source>
+        <translation>Sesión bloqueada</translation>
+    </message>
+    <message>
+        <source>Screen locker</source>
+        <translation>Bloqueo de pantalla</translation>
+    </message>
+    <message>
+        <source>X11 screen saver</source>
+        <translation>Salvapantallas de X11</translation>
+    </message>
+    <message>
+        <source>Password fields</source>
+        <translation>Campos de contraseña</translation>
     </message>
 </context>
 <context>
@@ -960,6 +1044,23 @@ Opciones:
         <source>Vantrel stopped showing pressed keys.</source>
         <translation>Vantrel dejó de mostrar las teclas pulsadas.</translation>
     </message>
+    <message>
+        <source>Privacy: nothing is shown, keys, modifiers and clicks alike, while the session is
+locked (logind, the screen locker&apos;s signals, the X11 screen saver) or while a
+password field has the focus (followed on the accessibility bus, AT-SPI2).
+Settings &gt; General &gt; Input Monitoring lists which protections are on.
+Not covered: a password typed into a terminal (sudo, ssh) has no field to
+detect; switch Vantrel off first (vantrel --toggle).
+</source>
+        <translation>Privacidad: no se muestra nada, ni teclas, ni modificadoras, ni clics, mientras
+la sesión está bloqueada (logind, las señales del bloqueo de pantalla, el
+salvapantallas de X11) o mientras un campo de contraseña tiene el foco (seguido
+en el bus de accesibilidad, AT-SPI2). Ajustes &gt; General &gt; Acceso al teclado
+indica qué protecciones están funcionando.
+No cubierto: una contraseña escrita en un terminal (sudo, ssh) no tiene campo
+que detectar; desactiva Vantrel antes (vantrel --toggle).
+</translation>
+    </message>
 </context>
 <context>
     <name>X11CaptureBackend</name>
@@ -990,6 +1091,17 @@ Opciones:
     <message>
         <source>Make sure the X server offers XInput 2.2 (every current Xorg does).</source>
         <translation>Comprueba que el servidor X ofrezca XInput 2.2 (todo Xorg actual lo hace).</translation>
+    </message>
+</context>
+<context>
+    <name>X11ScreenSaverWatcher</name>
+    <message>
+        <source>The X server has no screen saver extension (MIT-SCREEN-SAVER).</source>
+        <translation>El servidor X no tiene la extensión de salvapantallas (MIT-SCREEN-SAVER).</translation>
+    </message>
+    <message>
+        <source>Nothing is shown while the X11 screen saver or locker is on.</source>
+        <translation>No se muestra nada mientras el salvapantallas o el bloqueo de X11 está activo.</translation>
     </message>
 </context>
 </TS>

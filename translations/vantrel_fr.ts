@@ -234,6 +234,21 @@
     </message>
 </context>
 <context>
+    <name>AtSpiFocusWatcher</name>
+    <message>
+        <source>The accessibility bus (AT-SPI) is not running, so password fields cannot be recognised.</source>
+        <translation>Le bus d’accessibilité (AT-SPI) ne fonctionne pas : les champs de mot de passe ne peuvent pas être reconnus.</translation>
+    </message>
+    <message>
+        <source>There is no session bus to find the accessibility bus on.</source>
+        <translation>Aucun bus de session pour trouver le bus d’accessibilité.</translation>
+    </message>
+    <message>
+        <source>Nothing is shown while a password field has the focus.</source>
+        <translation>Rien n’est affiché tant qu’un champ de mot de passe a le focus.</translation>
+    </message>
+</context>
+<context>
     <name>DisplaySettingsView</name>
     <message>
         <source>Top Left</source>
@@ -546,6 +561,26 @@
         <source>Allow</source>
         <translation>Autoriser</translation>
     </message>
+    <message>
+        <source>Privacy</source>
+        <translation>Confidentialité</translation>
+    </message>
+    <message>
+        <source>Not covered: a password typed into a terminal (sudo, ssh) has no field to recognise, so it shows like any other typing.</source>
+        <translation>Non couvert : un mot de passe saisi dans un terminal (sudo, ssh) n’a pas de champ à reconnaître ; il s’affiche comme toute autre saisie.</translation>
+    </message>
+    <message>
+        <source>%1: on.</source>
+        <translation>%1 : en service.</translation>
+    </message>
+    <message>
+        <source>%1: off.</source>
+        <translation>%1 : hors service.</translation>
+    </message>
+    <message>
+        <source>Keys are not hidden anywhere: no protection is running.</source>
+        <translation>Aucune touche n’est masquée : aucune protection n’est en service.</translation>
+    </message>
 </context>
 <context>
     <name>KeyShortcutsSettingsView</name>
@@ -594,6 +629,25 @@
     <message>
         <source>Record Shortcut</source>
         <translation>Enregistrer</translation>
+    </message>
+</context>
+<context>
+    <name>LogindLockWatcher</name>
+    <message>
+        <source>There is no system bus to ask the login manager (logind).</source>
+        <translation>Aucun bus système pour interroger le gestionnaire de connexions (logind).</translation>
+    </message>
+    <message>
+        <source>The login manager (logind) does not answer.</source>
+        <translation>Le gestionnaire de connexions (logind) ne répond pas.</translation>
+    </message>
+    <message>
+        <source>The login manager (logind) knows no session of yours.</source>
+        <translation>Le gestionnaire de connexions (logind) ne connaît aucune session à vous.</translation>
+    </message>
+    <message>
+        <source>Nothing is shown while the login manager says this session is locked.</source>
+        <translation>Rien n’est affiché tant que le gestionnaire de connexions indique que cette session est verrouillée.</translation>
     </message>
 </context>
 <context>
@@ -684,6 +738,36 @@
     <message>
         <source>Preset Name</source>
         <translation>Nom du style</translation>
+    </message>
+</context>
+<context>
+    <name>ScreenSaverLockWatcher</name>
+    <message>
+        <source>There is no session bus to hear the screen locker on.</source>
+        <translation>Aucun bus de session pour écouter le verrouillage d’écran.</translation>
+    </message>
+    <message>
+        <source>Nothing is shown while the screen locker is active.</source>
+        <translation>Rien n’est affiché tant que le verrouillage d’écran est actif.</translation>
+    </message>
+</context>
+<context>
+    <name>Secrecy</name>
+    <message>
+        <source>Locked session</source>
+        <translation>Session verrouillée</translation>
+    </message>
+    <message>
+        <source>Screen locker</source>
+        <translation>Verrouillage d’écran</translation>
+    </message>
+    <message>
+        <source>X11 screen saver</source>
+        <translation>Économiseur d’écran X11</translation>
+    </message>
+    <message>
+        <source>Password fields</source>
+        <translation>Champs de mot de passe</translation>
     </message>
 </context>
 <context>
@@ -960,6 +1044,23 @@ Options :
         <source>Vantrel stopped showing pressed keys.</source>
         <translation>Vantrel n’affiche plus les touches pressées.</translation>
     </message>
+    <message>
+        <source>Privacy: nothing is shown, keys, modifiers and clicks alike, while the session is
+locked (logind, the screen locker&apos;s signals, the X11 screen saver) or while a
+password field has the focus (followed on the accessibility bus, AT-SPI2).
+Settings &gt; General &gt; Input Monitoring lists which protections are on.
+Not covered: a password typed into a terminal (sudo, ssh) has no field to
+detect; switch Vantrel off first (vantrel --toggle).
+</source>
+        <translation>Confidentialité : rien n’est affiché, ni touches, ni touches de modification,
+ni clics, tant que la session est verrouillée (logind, les signaux du
+verrouillage d’écran, l’économiseur d’écran X11) ou qu’un champ de mot de passe
+a le focus (suivi sur le bus d’accessibilité, AT-SPI2). Réglages &gt; Général &gt;
+Accès au clavier indique les protections en service.
+Non couvert : un mot de passe saisi dans un terminal (sudo, ssh) n’a pas de
+champ à détecter ; désactivez d’abord Vantrel (vantrel --toggle).
+</translation>
+    </message>
 </context>
 <context>
     <name>X11CaptureBackend</name>
@@ -990,6 +1091,17 @@ Options :
     <message>
         <source>Make sure the X server offers XInput 2.2 (every current Xorg does).</source>
         <translation>Vérifiez que le serveur X offre XInput 2.2 (c’est le cas de tout Xorg récent).</translation>
+    </message>
+</context>
+<context>
+    <name>X11ScreenSaverWatcher</name>
+    <message>
+        <source>The X server has no screen saver extension (MIT-SCREEN-SAVER).</source>
+        <translation>Le serveur X n’a pas l’extension d’économiseur d’écran (MIT-SCREEN-SAVER).</translation>
+    </message>
+    <message>
+        <source>Nothing is shown while the X11 screen saver or locker is on.</source>
+        <translation>Rien n’est affiché tant que l’économiseur d’écran X11 ou le verrouillage est actif.</translation>
     </message>
 </context>
 </TS>

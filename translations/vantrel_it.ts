@@ -234,6 +234,21 @@
     </message>
 </context>
 <context>
+    <name>AtSpiFocusWatcher</name>
+    <message>
+        <source>The accessibility bus (AT-SPI) is not running, so password fields cannot be recognised.</source>
+        <translation>Il bus di accessibilità (AT-SPI) non è attivo, quindi i campi password non possono essere riconosciuti.</translation>
+    </message>
+    <message>
+        <source>There is no session bus to find the accessibility bus on.</source>
+        <translation>Non c’è un bus di sessione su cui trovare il bus di accessibilità.</translation>
+    </message>
+    <message>
+        <source>Nothing is shown while a password field has the focus.</source>
+        <translation>Non viene mostrato nulla mentre un campo password ha il focus.</translation>
+    </message>
+</context>
+<context>
     <name>DisplaySettingsView</name>
     <message>
         <source>Top Left</source>
@@ -546,6 +561,26 @@
         <source>Allow</source>
         <translation>Consenti</translation>
     </message>
+    <message>
+        <source>Privacy</source>
+        <translation>Privacy</translation>
+    </message>
+    <message>
+        <source>Not covered: a password typed into a terminal (sudo, ssh) has no field to recognise, so it shows like any other typing.</source>
+        <translation>Non coperto: una password digitata in un terminale (sudo, ssh) non ha un campo da riconoscere, quindi appare come qualsiasi altro testo.</translation>
+    </message>
+    <message>
+        <source>%1: on.</source>
+        <translation>%1: in funzione.</translation>
+    </message>
+    <message>
+        <source>%1: off.</source>
+        <translation>%1: non in funzione.</translation>
+    </message>
+    <message>
+        <source>Keys are not hidden anywhere: no protection is running.</source>
+        <translation>Nessun tasto viene nascosto: nessuna protezione è in funzione.</translation>
+    </message>
 </context>
 <context>
     <name>KeyShortcutsSettingsView</name>
@@ -594,6 +629,25 @@
     <message>
         <source>Record Shortcut</source>
         <translation>Registra</translation>
+    </message>
+</context>
+<context>
+    <name>LogindLockWatcher</name>
+    <message>
+        <source>There is no system bus to ask the login manager (logind).</source>
+        <translation>Non c’è un bus di sistema per interrogare il gestore degli accessi (logind).</translation>
+    </message>
+    <message>
+        <source>The login manager (logind) does not answer.</source>
+        <translation>Il gestore degli accessi (logind) non risponde.</translation>
+    </message>
+    <message>
+        <source>The login manager (logind) knows no session of yours.</source>
+        <translation>Il gestore degli accessi (logind) non conosce alcuna tua sessione.</translation>
+    </message>
+    <message>
+        <source>Nothing is shown while the login manager says this session is locked.</source>
+        <translation>Non viene mostrato nulla mentre il gestore degli accessi indica che questa sessione è bloccata.</translation>
     </message>
 </context>
 <context>
@@ -684,6 +738,36 @@
     <message>
         <source>Preset Name</source>
         <translation>Nome dello stile</translation>
+    </message>
+</context>
+<context>
+    <name>ScreenSaverLockWatcher</name>
+    <message>
+        <source>There is no session bus to hear the screen locker on.</source>
+        <translation>Non c’è un bus di sessione su cui ascoltare il blocco schermo.</translation>
+    </message>
+    <message>
+        <source>Nothing is shown while the screen locker is active.</source>
+        <translation>Non viene mostrato nulla mentre il blocco schermo è attivo.</translation>
+    </message>
+</context>
+<context>
+    <name>Secrecy</name>
+    <message>
+        <source>Locked session</source>
+        <translation>Sessione bloccata</translation>
+    </message>
+    <message>
+        <source>Screen locker</source>
+        <translation>Blocco schermo</translation>
+    </message>
+    <message>
+        <source>X11 screen saver</source>
+        <translation>Salvaschermo X11</translation>
+    </message>
+    <message>
+        <source>Password fields</source>
+        <translation>Campi password</translation>
     </message>
 </context>
 <context>
@@ -960,6 +1044,23 @@ Opzioni:
         <source>Vantrel stopped showing pressed keys.</source>
         <translation>Vantrel ha smesso di mostrare i tasti premuti.</translation>
     </message>
+    <message>
+        <source>Privacy: nothing is shown, keys, modifiers and clicks alike, while the session is
+locked (logind, the screen locker&apos;s signals, the X11 screen saver) or while a
+password field has the focus (followed on the accessibility bus, AT-SPI2).
+Settings &gt; General &gt; Input Monitoring lists which protections are on.
+Not covered: a password typed into a terminal (sudo, ssh) has no field to
+detect; switch Vantrel off first (vantrel --toggle).
+</source>
+        <translation>Privacy: non viene mostrato nulla, né tasti né modificatori né clic, mentre la
+sessione è bloccata (logind, i segnali del blocco schermo, il salvaschermo X11)
+o mentre un campo password ha il focus (seguito sul bus di accessibilità,
+AT-SPI2). Impostazioni &gt; Generale &gt; Accesso alla tastiera elenca le protezioni
+in funzione.
+Non coperto: una password digitata in un terminale (sudo, ssh) non ha un campo
+da rilevare; disattiva prima Vantrel (vantrel --toggle).
+</translation>
+    </message>
 </context>
 <context>
     <name>X11CaptureBackend</name>
@@ -990,6 +1091,17 @@ Opzioni:
     <message>
         <source>Make sure the X server offers XInput 2.2 (every current Xorg does).</source>
         <translation>Verifica che il server X offra XInput 2.2 (ogni Xorg attuale lo fa).</translation>
+    </message>
+</context>
+<context>
+    <name>X11ScreenSaverWatcher</name>
+    <message>
+        <source>The X server has no screen saver extension (MIT-SCREEN-SAVER).</source>
+        <translation>Il server X non ha l’estensione salvaschermo (MIT-SCREEN-SAVER).</translation>
+    </message>
+    <message>
+        <source>Nothing is shown while the X11 screen saver or locker is on.</source>
+        <translation>Non viene mostrato nulla mentre il salvaschermo o il blocco di X11 è attivo.</translation>
     </message>
 </context>
 </TS>

@@ -234,6 +234,21 @@
     </message>
 </context>
 <context>
+    <name>AtSpiFocusWatcher</name>
+    <message>
+        <source>The accessibility bus (AT-SPI) is not running, so password fields cannot be recognised.</source>
+        <translation>アクセシビリティバス（AT-SPI）が動作していないため、パスワード欄を認識できません。</translation>
+    </message>
+    <message>
+        <source>There is no session bus to find the accessibility bus on.</source>
+        <translation>アクセシビリティバスを探すためのセッションバスがありません。</translation>
+    </message>
+    <message>
+        <source>Nothing is shown while a password field has the focus.</source>
+        <translation>パスワード欄にフォーカスがある間は何も表示しません。</translation>
+    </message>
+</context>
+<context>
     <name>DisplaySettingsView</name>
     <message>
         <source>Top Left</source>
@@ -545,6 +560,26 @@
         <source>Allow</source>
         <translation>許可</translation>
     </message>
+    <message>
+        <source>Privacy</source>
+        <translation>プライバシー</translation>
+    </message>
+    <message>
+        <source>Not covered: a password typed into a terminal (sudo, ssh) has no field to recognise, so it shows like any other typing.</source>
+        <translation>対象外: 端末（sudo、ssh）で入力するパスワードには認識できる欄がないため、ほかの入力と同じように表示されます。</translation>
+    </message>
+    <message>
+        <source>%1: on.</source>
+        <translation>%1: オン。</translation>
+    </message>
+    <message>
+        <source>%1: off.</source>
+        <translation>%1: オフ。</translation>
+    </message>
+    <message>
+        <source>Keys are not hidden anywhere: no protection is running.</source>
+        <translation>キーはどこでも隠されません。動作中の保護がありません。</translation>
+    </message>
 </context>
 <context>
     <name>KeyShortcutsSettingsView</name>
@@ -593,6 +628,25 @@
     <message>
         <source>Record Shortcut</source>
         <translation>ショートカットを記録</translation>
+    </message>
+</context>
+<context>
+    <name>LogindLockWatcher</name>
+    <message>
+        <source>There is no system bus to ask the login manager (logind).</source>
+        <translation>ログインマネージャー（logind）に問い合わせるためのシステムバスがありません。</translation>
+    </message>
+    <message>
+        <source>The login manager (logind) does not answer.</source>
+        <translation>ログインマネージャー（logind）が応答しません。</translation>
+    </message>
+    <message>
+        <source>The login manager (logind) knows no session of yours.</source>
+        <translation>ログインマネージャー（logind）にあなたのセッションが見つかりません。</translation>
+    </message>
+    <message>
+        <source>Nothing is shown while the login manager says this session is locked.</source>
+        <translation>このセッションがロック中だとログインマネージャーが伝えている間は何も表示しません。</translation>
     </message>
 </context>
 <context>
@@ -683,6 +737,36 @@
     <message>
         <source>Preset Name</source>
         <translation>スタイル名</translation>
+    </message>
+</context>
+<context>
+    <name>ScreenSaverLockWatcher</name>
+    <message>
+        <source>There is no session bus to hear the screen locker on.</source>
+        <translation>スクリーンロッカーの通知を受け取るためのセッションバスがありません。</translation>
+    </message>
+    <message>
+        <source>Nothing is shown while the screen locker is active.</source>
+        <translation>スクリーンロッカーの動作中は何も表示しません。</translation>
+    </message>
+</context>
+<context>
+    <name>Secrecy</name>
+    <message>
+        <source>Locked session</source>
+        <translation>セッションのロック</translation>
+    </message>
+    <message>
+        <source>Screen locker</source>
+        <translation>スクリーンロッカー</translation>
+    </message>
+    <message>
+        <source>X11 screen saver</source>
+        <translation>X11 スクリーンセーバー</translation>
+    </message>
+    <message>
+        <source>Password fields</source>
+        <translation>パスワード欄</translation>
     </message>
 </context>
 <context>
@@ -959,6 +1043,23 @@ Options:
         <source>Vantrel stopped showing pressed keys.</source>
         <translation>Vantrel はキーの表示を停止しました。</translation>
     </message>
+    <message>
+        <source>Privacy: nothing is shown, keys, modifiers and clicks alike, while the session is
+locked (logind, the screen locker&apos;s signals, the X11 screen saver) or while a
+password field has the focus (followed on the accessibility bus, AT-SPI2).
+Settings &gt; General &gt; Input Monitoring lists which protections are on.
+Not covered: a password typed into a terminal (sudo, ssh) has no field to
+detect; switch Vantrel off first (vantrel --toggle).
+</source>
+        <translation>プライバシー: セッションがロックされている間（logind、スクリーンロッカーの
+シグナル、X11 スクリーンセーバー）と、パスワード欄にフォーカスがある間
+（アクセシビリティバス AT-SPI2 で追跡）は、キーも修飾キーもクリックも
+表示しません。どの保護がオンかは「設定 &gt; 一般 &gt; キーボードへのアクセス」
+で確認できます。
+対象外: 端末（sudo、ssh）で入力するパスワードには検出できる欄がありません。
+先に Vantrel をオフにしてください（vantrel --toggle）。
+</translation>
+    </message>
 </context>
 <context>
     <name>X11CaptureBackend</name>
@@ -989,6 +1090,17 @@ Options:
     <message>
         <source>Make sure the X server offers XInput 2.2 (every current Xorg does).</source>
         <translation>X サーバーが XInput 2.2 を提供していることを確認してください（現行の Xorg はすべて対応）。</translation>
+    </message>
+</context>
+<context>
+    <name>X11ScreenSaverWatcher</name>
+    <message>
+        <source>The X server has no screen saver extension (MIT-SCREEN-SAVER).</source>
+        <translation>X サーバーにスクリーンセーバー拡張（MIT-SCREEN-SAVER）がありません。</translation>
+    </message>
+    <message>
+        <source>Nothing is shown while the X11 screen saver or locker is on.</source>
+        <translation>X11 のスクリーンセーバーかロッカーの動作中は何も表示しません。</translation>
     </message>
 </context>
 </TS>

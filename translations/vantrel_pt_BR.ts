@@ -234,6 +234,21 @@
     </message>
 </context>
 <context>
+    <name>AtSpiFocusWatcher</name>
+    <message>
+        <source>The accessibility bus (AT-SPI) is not running, so password fields cannot be recognised.</source>
+        <translation>O barramento de acessibilidade (AT-SPI) não está em execução, então os campos de senha não podem ser reconhecidos.</translation>
+    </message>
+    <message>
+        <source>There is no session bus to find the accessibility bus on.</source>
+        <translation>Não há barramento de sessão para encontrar o barramento de acessibilidade.</translation>
+    </message>
+    <message>
+        <source>Nothing is shown while a password field has the focus.</source>
+        <translation>Nada é mostrado enquanto um campo de senha tem o foco.</translation>
+    </message>
+</context>
+<context>
     <name>DisplaySettingsView</name>
     <message>
         <source>Top Left</source>
@@ -546,6 +561,26 @@
         <source>Allow</source>
         <translation>Permitir</translation>
     </message>
+    <message>
+        <source>Privacy</source>
+        <translation>Privacidade</translation>
+    </message>
+    <message>
+        <source>Not covered: a password typed into a terminal (sudo, ssh) has no field to recognise, so it shows like any other typing.</source>
+        <translation>Não coberto: uma senha digitada num terminal (sudo, ssh) não tem campo a reconhecer, então aparece como qualquer outra digitação.</translation>
+    </message>
+    <message>
+        <source>%1: on.</source>
+        <translation>%1: funcionando.</translation>
+    </message>
+    <message>
+        <source>%1: off.</source>
+        <translation>%1: sem funcionar.</translation>
+    </message>
+    <message>
+        <source>Keys are not hidden anywhere: no protection is running.</source>
+        <translation>Nenhuma tecla é ocultada: nenhuma proteção está funcionando.</translation>
+    </message>
 </context>
 <context>
     <name>KeyShortcutsSettingsView</name>
@@ -594,6 +629,25 @@
     <message>
         <source>Record Shortcut</source>
         <translation>Gravar atalho</translation>
+    </message>
+</context>
+<context>
+    <name>LogindLockWatcher</name>
+    <message>
+        <source>There is no system bus to ask the login manager (logind).</source>
+        <translation>Não há barramento do sistema para consultar o gerenciador de login (logind).</translation>
+    </message>
+    <message>
+        <source>The login manager (logind) does not answer.</source>
+        <translation>O gerenciador de login (logind) não responde.</translation>
+    </message>
+    <message>
+        <source>The login manager (logind) knows no session of yours.</source>
+        <translation>O gerenciador de login (logind) não conhece nenhuma sessão sua.</translation>
+    </message>
+    <message>
+        <source>Nothing is shown while the login manager says this session is locked.</source>
+        <translation>Nada é mostrado enquanto o gerenciador de login diz que esta sessão está bloqueada.</translation>
     </message>
 </context>
 <context>
@@ -684,6 +738,36 @@
     <message>
         <source>Preset Name</source>
         <translation>Nome do estilo</translation>
+    </message>
+</context>
+<context>
+    <name>ScreenSaverLockWatcher</name>
+    <message>
+        <source>There is no session bus to hear the screen locker on.</source>
+        <translation>Não há barramento de sessão para ouvir o bloqueio de tela.</translation>
+    </message>
+    <message>
+        <source>Nothing is shown while the screen locker is active.</source>
+        <translation>Nada é mostrado enquanto o bloqueio de tela está ativo.</translation>
+    </message>
+</context>
+<context>
+    <name>Secrecy</name>
+    <message>
+        <source>Locked session</source>
+        <translation>Sessão bloqueada</translation>
+    </message>
+    <message>
+        <source>Screen locker</source>
+        <translation>Bloqueio de tela</translation>
+    </message>
+    <message>
+        <source>X11 screen saver</source>
+        <translation>Proteção de tela do X11</translation>
+    </message>
+    <message>
+        <source>Password fields</source>
+        <translation>Campos de senha</translation>
     </message>
 </context>
 <context>
@@ -960,6 +1044,23 @@ Opções:
         <source>Vantrel stopped showing pressed keys.</source>
         <translation>O Vantrel parou de mostrar as teclas pressionadas.</translation>
     </message>
+    <message>
+        <source>Privacy: nothing is shown, keys, modifiers and clicks alike, while the session is
+locked (logind, the screen locker&apos;s signals, the X11 screen saver) or while a
+password field has the focus (followed on the accessibility bus, AT-SPI2).
+Settings &gt; General &gt; Input Monitoring lists which protections are on.
+Not covered: a password typed into a terminal (sudo, ssh) has no field to
+detect; switch Vantrel off first (vantrel --toggle).
+</source>
+        <translation>Privacidade: nada é mostrado, nem teclas, nem modificadoras, nem cliques,
+enquanto a sessão está bloqueada (logind, os sinais do bloqueio de tela, a
+proteção de tela do X11) ou enquanto um campo de senha tem o foco (seguido no
+barramento de acessibilidade, AT-SPI2). Configurações &gt; Geral &gt; Acesso ao
+teclado mostra quais proteções estão funcionando.
+Não coberto: uma senha digitada num terminal (sudo, ssh) não tem campo a
+detectar; desligue o Vantrel antes (vantrel --toggle).
+</translation>
+    </message>
 </context>
 <context>
     <name>X11CaptureBackend</name>
@@ -990,6 +1091,17 @@ Opções:
     <message>
         <source>Make sure the X server offers XInput 2.2 (every current Xorg does).</source>
         <translation>Verifique se o servidor X oferece o XInput 2.2 (todo Xorg atual oferece).</translation>
+    </message>
+</context>
+<context>
+    <name>X11ScreenSaverWatcher</name>
+    <message>
+        <source>The X server has no screen saver extension (MIT-SCREEN-SAVER).</source>
+        <translation>O servidor X não tem a extensão de proteção de tela (MIT-SCREEN-SAVER).</translation>
+    </message>
+    <message>
+        <source>Nothing is shown while the X11 screen saver or locker is on.</source>
+        <translation>Nada é mostrado enquanto a proteção de tela ou o bloqueio do X11 está ativo.</translation>
     </message>
 </context>
 </TS>

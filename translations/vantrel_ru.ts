@@ -234,6 +234,21 @@
     </message>
 </context>
 <context>
+    <name>AtSpiFocusWatcher</name>
+    <message>
+        <source>The accessibility bus (AT-SPI) is not running, so password fields cannot be recognised.</source>
+        <translation>Шина специальных возможностей (AT-SPI) не запущена, поэтому поля паролей не распознаются.</translation>
+    </message>
+    <message>
+        <source>There is no session bus to find the accessibility bus on.</source>
+        <translation>Нет сеансовой шины, через которую можно найти шину специальных возможностей.</translation>
+    </message>
+    <message>
+        <source>Nothing is shown while a password field has the focus.</source>
+        <translation>Ничего не показывается, пока фокус в поле пароля.</translation>
+    </message>
+</context>
+<context>
     <name>DisplaySettingsView</name>
     <message>
         <source>Top Left</source>
@@ -547,6 +562,26 @@
         <source>Allow</source>
         <translation>Разрешить</translation>
     </message>
+    <message>
+        <source>Privacy</source>
+        <translation>Конфиденциальность</translation>
+    </message>
+    <message>
+        <source>Not covered: a password typed into a terminal (sudo, ssh) has no field to recognise, so it shows like any other typing.</source>
+        <translation>Не защищено: у пароля, введённого в терминале (sudo, ssh), нет поля, которое можно распознать, поэтому он показывается, как любой другой ввод.</translation>
+    </message>
+    <message>
+        <source>%1: on.</source>
+        <translation>%1: работает.</translation>
+    </message>
+    <message>
+        <source>%1: off.</source>
+        <translation>%1: не работает.</translation>
+    </message>
+    <message>
+        <source>Keys are not hidden anywhere: no protection is running.</source>
+        <translation>Клавиши нигде не скрываются: ни одна защита не работает.</translation>
+    </message>
 </context>
 <context>
     <name>KeyShortcutsSettingsView</name>
@@ -595,6 +630,25 @@
     <message>
         <source>Record Shortcut</source>
         <translation>Записать</translation>
+    </message>
+</context>
+<context>
+    <name>LogindLockWatcher</name>
+    <message>
+        <source>There is no system bus to ask the login manager (logind).</source>
+        <translation>Нет системной шины, чтобы обратиться к менеджеру входа (logind).</translation>
+    </message>
+    <message>
+        <source>The login manager (logind) does not answer.</source>
+        <translation>Менеджер входа (logind) не отвечает.</translation>
+    </message>
+    <message>
+        <source>The login manager (logind) knows no session of yours.</source>
+        <translation>Менеджер входа (logind) не знает вашего сеанса.</translation>
+    </message>
+    <message>
+        <source>Nothing is shown while the login manager says this session is locked.</source>
+        <translation>Ничего не показывается, пока менеджер входа сообщает, что этот сеанс заблокирован.</translation>
     </message>
 </context>
 <context>
@@ -685,6 +739,36 @@
     <message>
         <source>Preset Name</source>
         <translation>Название стиля</translation>
+    </message>
+</context>
+<context>
+    <name>ScreenSaverLockWatcher</name>
+    <message>
+        <source>There is no session bus to hear the screen locker on.</source>
+        <translation>Нет сеансовой шины, чтобы следить за блокировкой экрана.</translation>
+    </message>
+    <message>
+        <source>Nothing is shown while the screen locker is active.</source>
+        <translation>Ничего не показывается, пока активна блокировка экрана.</translation>
+    </message>
+</context>
+<context>
+    <name>Secrecy</name>
+    <message>
+        <source>Locked session</source>
+        <translation>Заблокированный сеанс</translation>
+    </message>
+    <message>
+        <source>Screen locker</source>
+        <translation>Блокировка экрана</translation>
+    </message>
+    <message>
+        <source>X11 screen saver</source>
+        <translation>Хранитель экрана X11</translation>
+    </message>
+    <message>
+        <source>Password fields</source>
+        <translation>Поля паролей</translation>
     </message>
 </context>
 <context>
@@ -961,6 +1045,23 @@ Options:
         <source>Vantrel stopped showing pressed keys.</source>
         <translation>Vantrel больше не показывает нажатые клавиши.</translation>
     </message>
+    <message>
+        <source>Privacy: nothing is shown, keys, modifiers and clicks alike, while the session is
+locked (logind, the screen locker&apos;s signals, the X11 screen saver) or while a
+password field has the focus (followed on the accessibility bus, AT-SPI2).
+Settings &gt; General &gt; Input Monitoring lists which protections are on.
+Not covered: a password typed into a terminal (sudo, ssh) has no field to
+detect; switch Vantrel off first (vantrel --toggle).
+</source>
+        <translation>Конфиденциальность: ничего не показывается — ни клавиши, ни модификаторы, ни
+щелчки, — пока сеанс заблокирован (logind, сигналы блокировки экрана,
+хранитель экрана X11) или пока фокус в поле пароля (отслеживается по шине
+специальных возможностей, AT-SPI2). Какие защиты работают, видно в
+Настройки &gt; Общие &gt; Доступ к клавиатуре.
+Не защищено: у пароля в терминале (sudo, ssh) нет поля, которое можно
+распознать; сначала выключите Vantrel (vantrel --toggle).
+</translation>
+    </message>
 </context>
 <context>
     <name>X11CaptureBackend</name>
@@ -991,6 +1092,17 @@ Options:
     <message>
         <source>Make sure the X server offers XInput 2.2 (every current Xorg does).</source>
         <translation>Убедитесь, что X-сервер предлагает XInput 2.2 (любой современный Xorg это делает).</translation>
+    </message>
+</context>
+<context>
+    <name>X11ScreenSaverWatcher</name>
+    <message>
+        <source>The X server has no screen saver extension (MIT-SCREEN-SAVER).</source>
+        <translation>У X-сервера нет расширения хранителя экрана (MIT-SCREEN-SAVER).</translation>
+    </message>
+    <message>
+        <source>Nothing is shown while the X11 screen saver or locker is on.</source>
+        <translation>Ничего не показывается, пока включён хранитель экрана X11 или блокировка.</translation>
     </message>
 </context>
 </TS>

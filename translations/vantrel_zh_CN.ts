@@ -234,6 +234,21 @@
     </message>
 </context>
 <context>
+    <name>AtSpiFocusWatcher</name>
+    <message>
+        <source>The accessibility bus (AT-SPI) is not running, so password fields cannot be recognised.</source>
+        <translation>无障碍总线（AT-SPI）未运行，因此无法识别密码框。</translation>
+    </message>
+    <message>
+        <source>There is no session bus to find the accessibility bus on.</source>
+        <translation>没有会话总线，无法找到无障碍总线。</translation>
+    </message>
+    <message>
+        <source>Nothing is shown while a password field has the focus.</source>
+        <translation>密码框获得焦点时不显示任何内容。</translation>
+    </message>
+</context>
+<context>
     <name>DisplaySettingsView</name>
     <message>
         <source>Top Left</source>
@@ -545,6 +560,26 @@
         <source>Allow</source>
         <translation>允许</translation>
     </message>
+    <message>
+        <source>Privacy</source>
+        <translation>隐私</translation>
+    </message>
+    <message>
+        <source>Not covered: a password typed into a terminal (sudo, ssh) has no field to recognise, so it shows like any other typing.</source>
+        <translation>未涵盖：在终端（sudo、ssh）中输入的密码没有可识别的输入框，因此会像其他输入一样显示。</translation>
+    </message>
+    <message>
+        <source>%1: on.</source>
+        <translation>%1：已开启。</translation>
+    </message>
+    <message>
+        <source>%1: off.</source>
+        <translation>%1：已关闭。</translation>
+    </message>
+    <message>
+        <source>Keys are not hidden anywhere: no protection is running.</source>
+        <translation>不会隐藏任何按键：没有正在运行的保护。</translation>
+    </message>
 </context>
 <context>
     <name>KeyShortcutsSettingsView</name>
@@ -593,6 +628,25 @@
     <message>
         <source>Record Shortcut</source>
         <translation>录制快捷键</translation>
+    </message>
+</context>
+<context>
+    <name>LogindLockWatcher</name>
+    <message>
+        <source>There is no system bus to ask the login manager (logind).</source>
+        <translation>没有系统总线，无法询问登录管理器（logind）。</translation>
+    </message>
+    <message>
+        <source>The login manager (logind) does not answer.</source>
+        <translation>登录管理器（logind）没有响应。</translation>
+    </message>
+    <message>
+        <source>The login manager (logind) knows no session of yours.</source>
+        <translation>登录管理器（logind）找不到你的会话。</translation>
+    </message>
+    <message>
+        <source>Nothing is shown while the login manager says this session is locked.</source>
+        <translation>登录管理器报告此会话已锁定时不显示任何内容。</translation>
     </message>
 </context>
 <context>
@@ -683,6 +737,36 @@
     <message>
         <source>Preset Name</source>
         <translation>样式名称</translation>
+    </message>
+</context>
+<context>
+    <name>ScreenSaverLockWatcher</name>
+    <message>
+        <source>There is no session bus to hear the screen locker on.</source>
+        <translation>没有会话总线，无法接收锁屏程序的信号。</translation>
+    </message>
+    <message>
+        <source>Nothing is shown while the screen locker is active.</source>
+        <translation>锁屏程序启用时不显示任何内容。</translation>
+    </message>
+</context>
+<context>
+    <name>Secrecy</name>
+    <message>
+        <source>Locked session</source>
+        <translation>会话锁定</translation>
+    </message>
+    <message>
+        <source>Screen locker</source>
+        <translation>锁屏程序</translation>
+    </message>
+    <message>
+        <source>X11 screen saver</source>
+        <translation>X11 屏幕保护程序</translation>
+    </message>
+    <message>
+        <source>Password fields</source>
+        <translation>密码框</translation>
     </message>
 </context>
 <context>
@@ -957,6 +1041,21 @@ Options:
         <source>Vantrel stopped showing pressed keys.</source>
         <translation>Vantrel 已停止显示按下的键。</translation>
     </message>
+    <message>
+        <source>Privacy: nothing is shown, keys, modifiers and clicks alike, while the session is
+locked (logind, the screen locker&apos;s signals, the X11 screen saver) or while a
+password field has the focus (followed on the accessibility bus, AT-SPI2).
+Settings &gt; General &gt; Input Monitoring lists which protections are on.
+Not covered: a password typed into a terminal (sudo, ssh) has no field to
+detect; switch Vantrel off first (vantrel --toggle).
+</source>
+        <translation>隐私：会话锁定时（logind、锁屏程序的信号、X11 屏幕保护程序），或密码框
+获得焦点时（通过无障碍总线 AT-SPI2 跟踪），不显示任何内容，包括按键、
+修饰键和点击。“设置 &gt; 常规 &gt; 键盘访问权限”会列出哪些保护已开启。
+未涵盖：在终端（sudo、ssh）中输入的密码没有可检测的输入框；请先关闭
+Vantrel（vantrel --toggle）。
+</translation>
+    </message>
 </context>
 <context>
     <name>X11CaptureBackend</name>
@@ -987,6 +1086,17 @@ Options:
     <message>
         <source>Make sure the X server offers XInput 2.2 (every current Xorg does).</source>
         <translation>请确认 X 服务器提供 XInput 2.2（当前的 Xorg 都提供）。</translation>
+    </message>
+</context>
+<context>
+    <name>X11ScreenSaverWatcher</name>
+    <message>
+        <source>The X server has no screen saver extension (MIT-SCREEN-SAVER).</source>
+        <translation>X 服务器没有屏幕保护程序扩展（MIT-SCREEN-SAVER）。</translation>
+    </message>
+    <message>
+        <source>Nothing is shown while the X11 screen saver or locker is on.</source>
+        <translation>X11 屏幕保护程序或锁屏启用时不显示任何内容。</translation>
     </message>
 </context>
 </TS>

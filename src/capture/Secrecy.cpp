@@ -81,13 +81,13 @@ QString Secrecy::title(Protection protection)
 {
     switch (protection) {
     case Protection::sessionLock:
-        return QStringLiteral("Locked session");
+        return tr("Locked session");
     case Protection::screenLocker:
-        return QStringLiteral("Screen locker");
+        return tr("Screen locker");
     case Protection::x11ScreenSaver:
-        return QStringLiteral("X11 screen saver");
+        return tr("X11 screen saver");
     case Protection::passwordFields:
-        return QStringLiteral("Password fields");
+        return tr("Password fields");
     }
     return {};
 }

@@ -24,16 +24,16 @@ InputMonitoringSheet::InputMonitoringSheet(const QStringList &steps, bool canAll
     m_problem->setWordWrap(true);
     m_problem->hide();
 
-    auto *privacy = new QLabel(QStringLiteral("Privacy"));
+    auto *privacy = new QLabel(tr("Privacy"));
     QFont privacyFont = privacy->font();
     privacyFont.setBold(true);
     privacy->setFont(privacyFont);
     m_protections->setObjectName(QStringLiteral("protections"));
     m_protections->setWordWrap(true);
     m_protections->setTextFormat(Qt::RichText);
-    auto *limit = new QLabel(QStringLiteral(
-        "Not covered: a password typed into a terminal (sudo, ssh) has no field to recognise, "
-        "so it shows like any other typing."));
+    auto *limit = new QLabel(
+        tr("Not covered: a password typed into a terminal (sudo, ssh) has no field to recognise, "
+           "so it shows like any other typing."));
     limit->setWordWrap(true);
 
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Close);
@@ -73,13 +73,15 @@ void InputMonitoringSheet::setProblem(const QString &problem)
 void InputMonitoringSheet::setProtections(const QList<Secrecy::ProtectionStatus> &protections)
 {
     QStringList lines;
-    for (const Secrecy::ProtectionStatus &status : protections)
-        lines.append(QStringLiteral("<p style=\"margin-bottom:6px\"><b>%1: %2.</b> %3</p>")
-                         .arg(Secrecy::title(status.protection).toHtmlEscaped(),
-                              status.isOn ? QStringLiteral("on") : QStringLiteral("off"),
+    for (const Secrecy::ProtectionStatus &status : protections) {
+        // The whole heading is one text, so that a language can place "on" after its own word.
+        const QString heading = status.isOn ? tr("%1: on.") : tr("%1: off.");
+        lines.append(QStringLiteral("<p style=\"margin-bottom:6px\"><b>%1</b> %2</p>")
+                         .arg(heading.arg(Secrecy::title(status.protection)).toHtmlEscaped(),
                               status.detail.toHtmlEscaped()));
+    }
     if (lines.isEmpty())
-        lines.append(QStringLiteral("Keys are not hidden anywhere: no protection is running."));
+        lines.append(tr("Keys are not hidden anywhere: no protection is running."));
     m_protections->setText(lines.join(QString()));
 }
 

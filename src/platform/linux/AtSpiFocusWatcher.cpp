@@ -15,8 +15,8 @@ constexpr uint passwordTextRole = 40;
 
 QString offBecause()
 {
-    return QStringLiteral("The accessibility bus (AT-SPI) is not running, so password fields "
-                          "cannot be recognised.");
+    return AtSpiFocusWatcher::tr("The accessibility bus (AT-SPI) is not running, so password "
+                                 "fields cannot be recognised.");
 }
 
 } // namespace
@@ -39,7 +39,7 @@ void AtSpiFocusWatcher::start(Secrecy &secrecy)
         return;
     }
     if (!m_sessionBus.isConnected()) {
-        leave(QStringLiteral("There is no session bus to find the accessibility bus on."));
+        leave(tr("There is no session bus to find the accessibility bus on."));
         return;
     }
     // The launcher may start after Vantrel, or again after it stopped.
@@ -95,9 +95,8 @@ void AtSpiFocusWatcher::join(const QString &address)
                                        registryService, QStringLiteral("RegisterEvent"));
     registration.setArguments({focusedEvent, QStringList()});
     bus.asyncCall(registration);
-    m_secrecy->setProtection(
-        Secrecy::Protection::passwordFields, true,
-        QStringLiteral("Nothing is shown while a password field has the focus."));
+    m_secrecy->setProtection(Secrecy::Protection::passwordFields, true,
+                             tr("Nothing is shown while a password field has the focus."));
 }
 
 void AtSpiFocusWatcher::leave(const QString &why)

@@ -35,7 +35,7 @@ void LogindLockWatcher::start(Secrecy &secrecy)
 {
     m_secrecy = &secrecy;
     if (!m_bus.isConnected()) {
-        giveUp(QStringLiteral("There is no system bus to ask the login manager (logind)."));
+        giveUp(tr("There is no system bus to ask the login manager (logind)."));
         return;
     }
     if (m_sessionId.isEmpty()) {
@@ -81,7 +81,7 @@ void LogindLockWatcher::findUserSession()
     call(managerPath, managerInterface, QStringLiteral("GetUser"), {quint32(::getuid())},
          [this](const QDBusMessage &reply) {
              if (reply.type() != QDBusMessage::ReplyMessage) {
-                 giveUp(QStringLiteral("The login manager (logind) does not answer."));
+                 giveUp(tr("The login manager (logind) does not answer."));
                  return;
              }
              call(objectPath(reply.arguments().value(0)), propertiesInterface,
@@ -102,8 +102,7 @@ void LogindLockWatcher::findUserSession()
                           path = object.path();
                       }
                       if (path.isEmpty() || path == QLatin1String("/"))
-                          giveUp(QStringLiteral("The login manager (logind) knows no session "
-                                                "of yours."));
+                          giveUp(tr("The login manager (logind) knows no session of yours."));
                       else
                           follow(path);
                   });
@@ -118,7 +117,7 @@ void LogindLockWatcher::follow(const QString &sessionPath)
                   this, SLOT(handlePropertiesChanged(QDBusMessage)));
     m_secrecy->setProtection(
         Secrecy::Protection::sessionLock, true,
-        QStringLiteral("Nothing is shown while the login manager says this session is locked."));
+        tr("Nothing is shown while the login manager says this session is locked."));
     readLockedHint();
 }
 

@@ -39,8 +39,7 @@ void ScreenSaverLockWatcher::start(Secrecy &secrecy)
     m_secrecy = &secrecy;
     if (!m_bus.isConnected()) {
         m_secrecy->setProtection(Secrecy::Protection::screenLocker, false,
-                                 QStringLiteral("There is no session bus to hear the screen "
-                                                "locker on."));
+                                 tr("There is no session bus to hear the screen locker on."));
         return;
     }
     m_services = std::make_unique<QDBusServiceWatcher>();
@@ -59,7 +58,7 @@ void ScreenSaverLockWatcher::start(Secrecy &secrecy)
                     m_secrecy->setLocked(locker->source, false);
             });
     m_secrecy->setProtection(Secrecy::Protection::screenLocker, true,
-                             QStringLiteral("Nothing is shown while the screen locker is active."));
+                             tr("Nothing is shown while the screen locker is active."));
     for (const Locker &locker : lockers)
         readActive(locker.service);
 }

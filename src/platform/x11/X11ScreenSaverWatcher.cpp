@@ -32,7 +32,7 @@ void X11ScreenSaverWatcher::start(Secrecy &secrecy)
     if (!extension || !extension->present) {
         m_secrecy->setProtection(
             Secrecy::Protection::x11ScreenSaver, false,
-            QStringLiteral("The X server has no screen saver extension (MIT-SCREEN-SAVER)."));
+            tr("The X server has no screen saver extension (MIT-SCREEN-SAVER)."));
         return;
     }
     m_eventBase = extension->first_event;
@@ -51,9 +51,8 @@ void X11ScreenSaverWatcher::start(Secrecy &secrecy)
                                                    QSocketNotifier::Read);
     connect(m_notifier.get(), &QSocketNotifier::activated, this,
             &X11ScreenSaverWatcher::readEvents);
-    m_secrecy->setProtection(
-        Secrecy::Protection::x11ScreenSaver, true,
-        QStringLiteral("Nothing is shown while the X11 screen saver or locker is on."));
+    m_secrecy->setProtection(Secrecy::Protection::x11ScreenSaver, true,
+                             tr("Nothing is shown while the X11 screen saver or locker is on."));
     readEvents(); // events that came with the replies
 }
 
