@@ -86,6 +86,16 @@ public:
         return m_binds;
     }
 
+    // The desktop ends the session, as when its portal restarts.
+    void closeSession()
+    {
+        const QMutexLocker lock(&m_mutex);
+        QDBusMessage message = QDBusMessage::createSignal(
+            m_session, QStringLiteral("org.freedesktop.portal.Session"), QStringLiteral("Closed"));
+        message << QVariantMap();
+        m_bus.send(message);
+    }
+
     void emitShortcut(const QString &signal, const QString &id)
     {
         const QMutexLocker lock(&m_mutex);
@@ -170,6 +180,11 @@ private slots:
         // Key downs of the new session still arrive.
         portal.emitShortcut(QStringLiteral("Activated"), names.at(0));
         QTRY_COMPARE(pressed.size(), 2);
+
+        // A session the desktop closes is made again with the same grabs.
+        portal.closeSession();
+        QTRY_COMPARE(portal.binds().size(), 3);
+        QCOMPARE(portal.binds().last(), expected);
     }
 };
 

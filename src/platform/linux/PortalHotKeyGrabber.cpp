@@ -14,6 +14,7 @@
 #include <xkbcommon/xkbcommon.h>
 
 #include <array>
+#include <utility>
 
 namespace {
 
@@ -22,6 +23,9 @@ const QString path = QStringLiteral("/org/freedesktop/portal/desktop");
 const QString interface = QStringLiteral("org.freedesktop.portal.GlobalShortcuts");
 const QString requestInterface = QStringLiteral("org.freedesktop.portal.Request");
 const char *const responseSlot = SLOT(handleResponse(uint, QVariantMap, QDBusMessage));
+const QString sessionInterface = QStringLiteral("org.freedesktop.portal.Session");
+const char *const closedSlot = SLOT(handleSessionClosed(QVariantMap));
+constexpr qint64 reopenIntervalMs = 60000;
 
 // One entry of BindShortcuts' a(sa{sv}).
 struct PortalShortcut {
@@ -211,11 +215,31 @@ void PortalHotKeyGrabber::closeSession()
 {
     if (m_session.isEmpty())
         return;
-    m_bus.call(QDBusMessage::createMethodCall(service, m_session,
-                                              QStringLiteral("org.freedesktop.portal.Session"),
+    followSession(false);
+    m_bus.call(QDBusMessage::createMethodCall(service, m_session, sessionInterface,
                                               QStringLiteral("Close")),
                QDBus::NoBlock);
     m_session.clear();
+}
+
+void PortalHotKeyGrabber::followSession(bool follow)
+{
+    if (follow)
+        m_bus.connect(service, m_session, sessionInterface, QStringLiteral("Closed"),
+                      QStringLiteral("a{sv}"), this, closedSlot);
+    else
+        m_bus.disconnect(service, m_session, sessionInterface, QStringLiteral("Closed"),
+                         QStringLiteral("a{sv}"), this, closedSlot);
+}
+
+void PortalHotKeyGrabber::handleSessionClosed(const QVariantMap &)
+{
+    followSession(false);
+    m_session.clear();
+    if (m_sinceReopened.isValid() && m_sinceReopened.elapsed() < reopenIntervalMs)
+        return;
+    m_sinceReopened.start();
+    m_bindTimer.start();
 }
 
 void PortalHotKeyGrabber::handleResponse(uint response, const QVariantMap &results,
@@ -230,13 +254,16 @@ void PortalHotKeyGrabber::handleResponse(uint response, const QVariantMap &resul
         m_creatingSession = false;
         m_session =
             response == 0 ? pathText(results.value(QStringLiteral("session_handle"))) : QString();
-        if (m_session.isEmpty())
+        const bool bindAgain = std::exchange(m_bindAgain, false);
+        if (m_session.isEmpty()) {
             m_failed = true;
-        else if (m_bindAgain)
+            return;
+        }
+        followSession(true);
+        if (bindAgain)
             m_bindTimer.start();
         else
             bindShortcuts();
-        m_bindAgain = false;
         return;
     }
     // The desktop (or its user) may decline some or all of them: those are not asked for again.

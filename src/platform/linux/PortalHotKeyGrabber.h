@@ -3,6 +3,7 @@
 #include "shortcuts/HotKeyGrabber.h"
 
 #include <QDBusConnection>
+#include <QElapsedTimer>
 #include <QHash>
 #include <QSet>
 #include <QTimer>
@@ -42,12 +43,16 @@ private slots:
                          const QVariantMap &options);
     void handleDeactivated(const QDBusObjectPath &session, const QString &id, qulonglong timestamp,
                            const QVariantMap &options);
+    // The desktop ended the session (its portal restarted, say): the grabs are bound again in a
+    // new one, at most once a minute so that a desktop that keeps closing it is not asked forever.
+    void handleSessionClosed(const QVariantMap &details);
 
 private:
     explicit PortalHotKeyGrabber(const QDBusConnection &bus);
     void bind();
     void bindShortcuts();
     void closeSession();
+    void followSession(bool follow);
     // Subscribes to the answer of a request made with a new token; returns the token.
     QString expectResponse();
 
@@ -61,6 +66,7 @@ private:
     bool m_bindAgain = false;
     bool m_failed = false;
     uint m_nextToken = 0;
+    QElapsedTimer m_sinceReopened;
     // Grabs made together (the five at start) are bound in one request.
     QTimer m_bindTimer;
 };
