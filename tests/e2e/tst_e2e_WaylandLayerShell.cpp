@@ -2,6 +2,7 @@
 // device folder of a pipe, caps drawn on layer surfaces and read back from sway's outputs, the
 // position customizer driven with a virtual pointer and keyboard. The cases run in order: the
 // customizer's place is where the later ones find the row.
+#include "FakeShortcutsPortal.h"
 #include "FakeStatusNotifierWatcher.h"
 #include "WaylandSession.h"
 #include "settings/AppSettings.h"
@@ -62,6 +63,7 @@ class tst_e2e_WaylandLayerShell final : public QObject {
 
     std::unique_ptr<WaylandSession> m_session;
     FakeStatusNotifierWatcher m_trayHost;
+    FakeShortcutsPortal m_portal;
     QElapsedTimer m_sinceStart;
 
     int caps() const { return m_session->capCount(bottomBand); }
@@ -89,8 +91,11 @@ private slots:
             {QStringLiteral("for_window [title=\"^Vantrel\"] move scratchpad")}));
         QVERIFY(m_session->startSessionBus());
         QVERIFY(m_trayHost.start(m_session->sessionBus()));
-        SettingsStore(m_session->settingsPath())
-            .setRawValue(QStringLiteral("keyDisplayDuration"), 1.0);
+        QVERIFY(m_portal.serve(m_session->sessionBus()));
+        SettingsStore settings(m_session->settingsPath());
+        settings.setRawValue(QStringLiteral("keyDisplayDuration"), 1.0);
+        settings.setRawValue(QStringLiteral("KeyboardShortcuts_toggleVantrel"),
+                             QStringLiteral("Ctrl+Alt+K"));
         QProcessEnvironment env = m_session->sway().environment(); // no DISPLAY
         env.remove(QStringLiteral("QT_QPA_PLATFORM"));
         QVERIFY2(m_session->startVantrel(env, &error), qPrintable(error));
@@ -103,6 +108,34 @@ private slots:
     void keysShowOnALayerSurface()
     {
         QVERIFY(m_session->press({{KEY_LEFTCTRL, 1}, {KEY_K, 1}, {KEY_K, 0}, {KEY_LEFTCTRL, 0}}));
+        QTRY_COMPARE_WITH_TIMEOUT(caps(), 2, 5000);
+        QTRY_COMPARE_WITH_TIMEOUT(caps(), 0, 5000);
+    }
+
+    // Without X11 the shortcuts are the portal's: its key down of "toggleVantrel" switches
+    // Vantrel off, the next one on again.
+    void portalShortcutsFire()
+    {
+        QTRY_COMPARE_WITH_TIMEOUT(m_portal.binds().size(), 1, 5000);
+        QCOMPARE(m_portal.binds().constFirst().value(QStringLiteral("toggleVantrel")),
+                 QStringLiteral("CTRL+ALT+k"));
+        const auto toggle = [this] {
+            m_portal.emitShortcut(QStringLiteral("Activated"), QStringLiteral("toggleVantrel"));
+            m_portal.emitShortcut(QStringLiteral("Deactivated"), QStringLiteral("toggleVantrel"));
+        };
+        const auto ctrlK = [this] {
+            return m_session->press({{KEY_LEFTCTRL, 1}, {KEY_K, 1}, {KEY_K, 0}, {KEY_LEFTCTRL, 0}});
+        };
+        toggle();
+        QTRY_VERIFY_WITH_TIMEOUT(
+            !SettingsStore(m_session->settingsPath()).value(AppSettings::isVantrelEnabled), 5000);
+        QVERIFY(ctrlK());
+        QTest::qWait(300);
+        QCOMPARE(caps(), 0);
+        toggle();
+        QTRY_VERIFY_WITH_TIMEOUT(
+            SettingsStore(m_session->settingsPath()).value(AppSettings::isVantrelEnabled), 5000);
+        QVERIFY(ctrlK());
         QTRY_COMPARE_WITH_TIMEOUT(caps(), 2, 5000);
         QTRY_COMPARE_WITH_TIMEOUT(caps(), 0, 5000);
     }
