@@ -23,7 +23,6 @@ private slots:
         // Anything but exactly eight characters after one "#" is white.
         row("six digits", "#ff0000", 0xFFFFFFFFu);
         row("empty", "", 0xFFFFFFFFu);
-        row("lone hash", "#", 0xFFFFFFFFu);
         row("two hashes", "##ff0000ff", 0xFFFFFFFFu);
         // The scan takes what it can read and stops at the first non-digit.
         row("nothing readable", "zz0000ff", 0xFFFFFFFFu);

@@ -118,40 +118,34 @@ private slots:
     void saveSheet_data()
     {
         QTest::addColumn<QString>("typed");
-        QTest::addColumn<bool>("byReturn");
+        QTest::addColumn<QString>("closedBy"); // Save, Return or Cancel
         QTest::addColumn<QStringList>("names");
         QTest::addColumn<bool>("stillOpen");
-        QTest::newRow("only spaces") << "   " << false << QStringList{} << true;
-        QTest::newRow("only spaces, Return") << "   " << true << QStringList{} << true;
-        QTest::newRow("Save") << " Mine " << false << QStringList{"Mine"} << false;
-        QTest::newRow("Return saves once") << "Mine" << true << QStringList{"Mine"} << false;
+        QTest::newRow("only spaces") << u"   "_qs << "Save" << QStringList{} << true;
+        QTest::newRow("only spaces, Return") << u"   "_qs << "Return" << QStringList{} << true;
+        QTest::newRow("Save") << u" Mine "_qs << "Save" << QStringList{"Mine"} << false;
+        QTest::newRow("Return saves once")
+            << u"Mine"_qs << "Return" << QStringList{"Mine"} << false;
+        QTest::newRow("Cancel saves nothing") << u"Mine"_qs << "Cancel" << QStringList{} << false;
     }
     void saveSheet()
     {
         QFETCH(QString, typed);
-        QFETCH(bool, byReturn);
+        QFETCH(QString, closedBy);
         QFETCH(QStringList, names);
         QFETCH(bool, stillOpen);
         m_view->presentSavePrompt();
         SavePresetDialog *sheet = m_view->savePrompt();
         QTest::keyClicks(sheet->nameField(), typed);
-        if (byReturn)
+        if (closedBy == u"Return")
             QTest::keyClick(sheet->nameField(), Qt::Key_Return);
         else
-            sheet->saveButton()->click();
+            (closedBy == u"Save" ? sheet->saveButton() : sheet->cancelButton())->click();
         QStringList saved;
         for (const CustomKeyStylePreset &p : m_presets->presets())
             saved.append(p.name);
         QCOMPARE(saved, names);
         QCOMPARE(m_view->isPresentingSavePrompt() && sheet->isVisible(), stillOpen);
-    }
-
-    void cancelSavesNothing()
-    {
-        m_view->presentSavePrompt();
-        QTest::keyClicks(m_view->savePrompt()->nameField(), QStringLiteral("Mine"));
-        m_view->savePrompt()->cancelButton()->click();
-        QVERIFY(m_presets->presets().isEmpty());
     }
 
     // Which tiles are marked after a sequence of choices.
@@ -178,16 +172,8 @@ private slots:
         QCOMPARE(selectedTiles(), selected);
     }
 
-    void deletingSelectedPresetAppliesModern()
-    {
-        m_view->applyStylePreset(KeyStyle::neon);
-        savePreset(QStringLiteral("Mine"));
-        m_view->removePreset(m_presets->presets().first());
-        QCOMPARE(look(), StylePresetActions::snapshotOf(KeyStyle::modern));
-        QCOMPARE(selectedTiles(), QStringList{"Modern"});
-    }
-
-    void deletingAnotherPresetChangesNothing()
+    // Deleting another preset leaves the look alone; deleting the one in use applies Modern.
+    void deletingPresets()
     {
         savePreset(QStringLiteral("Other"));
         m_view->applyStylePreset(KeyStyle::gaming);
@@ -197,6 +183,9 @@ private slots:
         tile(QStringLiteral("Other"))->removeButton()->click();
         QCOMPARE(look(), before);
         QCOMPARE(selectedTiles(), QStringList{"Mine"});
+        tile(QStringLiteral("Mine"))->removeButton()->click();
+        QCOMPARE(look(), StylePresetActions::snapshotOf(KeyStyle::modern));
+        QCOMPARE(selectedTiles(), QStringList{"Modern"});
     }
 
     void turningAnEffectOffHidesItsRowsAndKeepsValues_data()
@@ -240,16 +229,6 @@ private slots:
         tiles()[int(style)]->click();
         QCOMPARE(look(), StylePresetActions::snapshotOf(style));
         QCOMPARE(m_store->value(AppSettings::keyStyle), style);
-    }
-
-    void unknownAnimationInPresetWritesNone()
-    {
-        Look odd = StylePresetActions::snapshotOf(KeyStyle::gaming);
-        odd.keyAnimationStyleRawValue = QStringLiteral("wobble");
-        m_presets->addPreset({QUuid::createUuid(), QStringLiteral("Odd"), odd});
-        tile(QStringLiteral("Odd"))->click();
-        QCOMPARE(m_store->rawValue(AppSettings::keyAnimationStyle.name())->toString(),
-                 QStringLiteral("none"));
     }
 
     // Slider positions are whole numbers; each slider maps them onto its setting's range.
