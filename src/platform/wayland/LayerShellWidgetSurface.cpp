@@ -9,6 +9,7 @@
 #include <QPainter>
 
 #include <wayland-client.h>
+#include <wayland-cursor.h>
 #include <xkbcommon/xkbcommon.h>
 
 // The layer shell names a parameter `namespace`, a keyword in C++.
@@ -41,6 +42,25 @@ constexpr std::array<std::pair<xkb_keysym_t, int>, 12> keyTable{{
     {XKB_KEY_Down, Qt::Key_Down},
 }};
 
+// Cursor names of the desktop's theme for the shapes a customizer shows, the common name first.
+const char *const *cursorNames(int shape)
+{
+    static const char *const arrow[] = {"default", "left_ptr", nullptr};
+    static const char *const open[] = {"grab", "openhand", "left_ptr", nullptr};
+    static const char *const closed[] = {"grabbing", "closedhand", "left_ptr", nullptr};
+    static const char *const pointing[] = {"pointer", "hand2", "left_ptr", nullptr};
+    switch (shape) {
+    case Qt::OpenHandCursor:
+        return open;
+    case Qt::ClosedHandCursor:
+        return closed;
+    case Qt::PointingHandCursor:
+        return pointing;
+    default:
+        return arrow;
+    }
+}
+
 Qt::MouseButton mouseButton(quint32 button)
 {
     switch (button) {
@@ -55,7 +75,6 @@ Qt::MouseButton mouseButton(quint32 button)
     }
 }
 
-void ignorePointerLeave(void *, wl_pointer *, quint32, wl_surface *) {}
 void ignoreAxis(void *, wl_pointer *, quint32, quint32, wl_fixed_t) {}
 void ignoreFrame(void *, wl_pointer *) {}
 void ignoreAxisSource(void *, wl_pointer *, quint32) {}
@@ -113,6 +132,10 @@ LayerShellWidgetSurface::~LayerShellWidgetSurface()
         wl_pointer_destroy(m_pointer);
     if (m_keyboard)
         wl_keyboard_destroy(m_keyboard);
+    if (m_cursorSurface)
+        wl_surface_destroy(m_cursorSurface);
+    if (m_cursorTheme)
+        wl_cursor_theme_destroy(m_cursorTheme);
     destroySurface();
     m_buffers.reset();
     xkb_state_unref(m_xkbState);
@@ -183,6 +206,8 @@ bool LayerShellWidgetSurface::eventFilter(QObject *watched, QEvent *event)
     if (watched == m_widget && event->type() == QEvent::UpdateRequest) {
         m_dirty = true;
         scheduleFrame();
+    } else if (watched == m_widget && event->type() == QEvent::CursorChange) {
+        showCursor();
     }
     return false;
 }
@@ -288,7 +313,7 @@ void LayerShellWidgetSurface::setSeatCapabilities(quint32 capabilities)
     const bool pointer = capabilities & WL_SEAT_CAPABILITY_POINTER;
     if (pointer && !m_pointer) {
         static const wl_pointer_listener pointerListener{
-            &handlePointerEnter, &ignorePointerLeave, &handlePointerMotion, &handlePointerButton,
+            &handlePointerEnter, &handlePointerLeave, &handlePointerMotion, &handlePointerButton,
             &ignoreAxis,         &ignoreFrame,        &ignoreAxisSource,    &ignoreAxisStop,
             &ignoreAxisDiscrete, &ignoreAxisValue120};
         m_pointer = wl_seat_get_pointer(seat);
@@ -310,11 +335,56 @@ void LayerShellWidgetSurface::setSeatCapabilities(quint32 capabilities)
     }
 }
 
-void LayerShellWidgetSurface::handlePointerEnter(void *data, wl_pointer *, quint32, wl_surface *,
-                                                 qint32 x, qint32 y)
+void LayerShellWidgetSurface::handlePointerEnter(void *data, wl_pointer *, quint32 serial,
+                                                 wl_surface *, qint32 x, qint32 y)
 {
     auto *self = static_cast<LayerShellWidgetSurface *>(data);
     self->m_pointerPosition = QPointF(wl_fixed_to_double(x), wl_fixed_to_double(y));
+    self->m_enterSerial = serial;
+    self->m_pointerInside = true;
+    self->m_cursorShape = -1; // another surface set its own
+    self->showCursor();
+}
+
+void LayerShellWidgetSurface::handlePointerLeave(void *data, wl_pointer *, quint32, wl_surface *)
+{
+    static_cast<LayerShellWidgetSurface *>(data)->m_pointerInside = false;
+}
+
+void LayerShellWidgetSurface::showCursor()
+{
+    if (!m_pointer || !m_pointerInside || !m_widget)
+        return;
+    const int shape = m_widget->cursor().shape();
+    if (shape == m_cursorShape)
+        return;
+    if (!m_cursorTheme) {
+        // The desktop's theme and size, as other programs read them.
+        const QByteArray theme = qgetenv("XCURSOR_THEME");
+        bool sized = false;
+        const int size = qEnvironmentVariableIntValue("XCURSOR_SIZE", &sized);
+        m_cursorTheme =
+            wl_cursor_theme_load(theme.isEmpty() ? nullptr : theme.constData(),
+                                 (sized && size > 0 ? size : 24) * m_scale, m_connection->shm());
+        m_cursorSurface = wl_compositor_create_surface(m_connection->compositor());
+    }
+    wl_cursor *cursor = nullptr;
+    for (const char *const *name = cursorNames(shape); *name && !cursor; ++name)
+        cursor = m_cursorTheme ? wl_cursor_theme_get_cursor(m_cursorTheme, *name) : nullptr;
+    if (!cursor || cursor->image_count == 0)
+        return; // the compositor's last cursor stays
+    wl_cursor_image *image = cursor->images[0];
+    wl_buffer *buffer = wl_cursor_image_get_buffer(image);
+    if (!buffer)
+        return;
+    m_cursorShape = shape;
+    wl_surface_set_buffer_scale(m_cursorSurface, m_scale);
+    wl_surface_attach(m_cursorSurface, buffer, 0, 0);
+    wl_surface_damage_buffer(m_cursorSurface, 0, 0, int(image->width), int(image->height));
+    wl_surface_commit(m_cursorSurface);
+    wl_pointer_set_cursor(m_pointer, m_enterSerial, m_cursorSurface,
+                          int(image->hotspot_x) / m_scale, int(image->hotspot_y) / m_scale);
+    m_connection->flush();
 }
 
 void LayerShellWidgetSurface::handlePointerMotion(void *data, wl_pointer *, quint32, qint32 x,

@@ -15,6 +15,7 @@
 class WaylandConnection;
 class WaylandShmBuffers;
 struct wl_callback;
+struct wl_cursor_theme;
 struct wl_keyboard;
 struct wl_pointer;
 struct wl_surface;
@@ -58,6 +59,9 @@ private:
     void setSeatCapabilities(quint32 capabilities);
     void sendMouse(int type, Qt::MouseButton button);
     void sendKey(quint32 key, bool pressed);
+    // Shows the widget's cursor shape (from the desktop's cursor theme) while the pointer is on
+    // the surface.
+    void showCursor();
     Qt::KeyboardModifiers modifiers() const;
 
     static void handleConfigure(void *data, zwlr_layer_surface_v1 *surface, quint32 serial,
@@ -66,6 +70,8 @@ private:
     static void handleFrameDone(void *data, wl_callback *callback, quint32 time);
     static void handlePointerEnter(void *data, wl_pointer *pointer, quint32 serial,
                                    wl_surface *surface, qint32 x, qint32 y);
+    static void handlePointerLeave(void *data, wl_pointer *pointer, quint32 serial,
+                                   wl_surface *surface);
     static void handlePointerMotion(void *data, wl_pointer *pointer, quint32 time, qint32 x,
                                     qint32 y);
     static void handlePointerButton(void *data, wl_pointer *pointer, quint32 serial, quint32 time,
@@ -95,6 +101,11 @@ private:
     QPointF m_pointerPosition;
     Qt::MouseButtons m_buttons;
     QPointer<QWidget> m_mouseGrabber; // the widget under the first button pressed
+    quint32 m_enterSerial = 0;
+    bool m_pointerInside = false;
+    wl_cursor_theme *m_cursorTheme = nullptr;
+    wl_surface *m_cursorSurface = nullptr;
+    int m_cursorShape = -1; // the Qt::CursorShape shown
     wl_keyboard *m_keyboard = nullptr;
     xkb_context *m_xkbContext = nullptr;
     xkb_keymap *m_keymap = nullptr;
