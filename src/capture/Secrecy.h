@@ -61,7 +61,7 @@ public:
     void setProtection(Protection protection, bool isOn, const QString &detail);
     // The protections reported so far, in Protection order.
     QList<ProtectionStatus> protections() const;
-    // What the protection is, for people ("Locked screen").
+    // What the protection is, for people ("Locked session").
     static QString title(Protection protection);
 
 signals:
