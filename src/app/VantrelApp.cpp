@@ -195,6 +195,7 @@ int VantrelApp::main(int argc, char *argv[])
     Platform::prepareQtPlatform();
 
     QApplication app(argc, argv);
+    Platform::qtPlatformStarted();
     QApplication::setApplicationName(QStringLiteral("Vantrel"));
     QApplication::setOrganizationName(QStringLiteral("Vantrel"));
     QApplication::setApplicationVersion(QStringLiteral(VANTREL_VERSION));

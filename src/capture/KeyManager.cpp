@@ -494,7 +494,7 @@ void KeyManager::setListening(bool listening)
         m_isListening = listening;
         emit isListeningChanged(listening);
     }
-    if (listening && !m_secrecy.isSecret())
+    if (listening && !m_secrecy.hidesKeys())
         showKeyDisplayWindows();
     else
         hideKeyDisplayWindows();
@@ -606,14 +606,14 @@ void KeyManager::subscribeToDisplayChanges()
     if (!m_displayStore)
         return;
     connect(m_displayStore, &DisplaySettingsStore::displaySettingsChanged, this, [this] {
-        if (!m_isListening || m_secrecy.isSecret())
+        if (!m_isListening || m_secrecy.hidesKeys())
             return; // no windows while stopped or secret
         m_displayStore->syncWithConnectedScreens();
         updateDisplayWindows();
     });
     // A screen that only moves or resizes leaves the display list alone; refit the windows.
     connect(&m_displayStore->screenList(), &ScreenList::screensChanged, this, [this] {
-        if (m_isListening && !m_secrecy.isSecret())
+        if (m_isListening && !m_secrecy.hidesKeys())
             updateDisplayWindows();
     });
 }

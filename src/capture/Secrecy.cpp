@@ -1,6 +1,7 @@
 #include "capture/Secrecy.h"
 
 #include <algorithm>
+#include <utility>
 
 Secrecy::Secrecy(QObject *parent) : QObject(parent) {}
 
@@ -101,9 +102,11 @@ void Secrecy::update()
 {
     const bool secret = isLocked() || isPasswordFieldFocused();
     const quint64 old = m_state.load(std::memory_order_relaxed);
-    if (isSecret(old) == secret)
-        return;
-    // The count moves on with every change, so a key seen under the old state never matches.
-    m_state.store(((old >> 1) + 1) << 1 | (secret ? 1 : 0), std::memory_order_release);
-    emit secretChanged(secret);
+    if (isSecret(old) != secret) {
+        // The count moves on with every change, so a key seen under the old state never matches.
+        m_state.store(((old >> 1) + 1) << 1 | (secret ? 1 : 0), std::memory_order_release);
+    }
+    const bool hidden = isLocked() || (m_focus && m_focus->role == Role::passwordField);
+    if (std::exchange(m_hidden, hidden) != hidden)
+        emit secretChanged(hidden);
 }

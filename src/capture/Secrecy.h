@@ -32,10 +32,15 @@ public:
 
     explicit Secrecy(QObject *parent = nullptr);
 
-    // Any thread. Bit 0: secret now; the other bits count the changes.
+    // Any thread. Bit 0: secret now (no new key is taken); the other bits count the changes.
     quint64 state() const { return m_state.load(std::memory_order_acquire); }
     static bool isSecret(quint64 state) { return state & 1; }
     bool isSecret() const { return isSecret(state()); }
+    // Main thread. Whether what shows must go, and nothing may show: the session is locked or a
+    // password field has the focus. While a newly focused object's role is still being asked,
+    // new keys are dropped (isSecret()) but the caps already shown stay, so that the key that
+    // moved the focus (Tab, Alt+Tab) does not vanish at every focus change.
+    bool hidesKeys() const { return m_hidden; }
 
     // ---- Main thread ----
     bool isLocked() const;
@@ -65,7 +70,7 @@ public:
     static QString title(Protection protection);
 
 signals:
-    // Emitted on the main thread when keys start or stop being secret.
+    // Emitted on the main thread when hidesKeys() changes.
     void secretChanged(bool secret);
     void protectionsChanged();
 
@@ -84,4 +89,5 @@ private:
     std::optional<Focus> m_focus;
     std::array<std::optional<ProtectionStatus>, 4> m_protections;
     std::atomic<quint64> m_state{0};
+    bool m_hidden = false;
 };

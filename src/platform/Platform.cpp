@@ -19,8 +19,10 @@
 #include "platform/x11/X11ScreenSaverWatcher.h"
 
 #include <QCoreApplication>
+#include <QOpenGLContext>
 
 #include <cstdio>
+#include <utility>
 
 #include <xcb/xcb.h>
 
@@ -66,6 +68,9 @@ QString Platform::displayProblem()
 namespace {
 
 QtMessageHandler passOnMessage = nullptr;
+// What prepareQtPlatform() put into the environment, for qtPlatformStarted() to take out.
+bool choseQtPlatform = false;
+bool choseBufferIntegration = false;
 
 // Qt says once that the GL buffer integration it was told not to load is missing.
 void dropBufferIntegrationNotes(QtMsgType type, const QMessageLogContext &context,
@@ -85,14 +90,29 @@ void dropBufferIntegrationNotes(QtMsgType type, const QMessageLogContext &contex
 
 void Platform::prepareQtPlatform()
 {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
         qputenv("QT_QPA_PLATFORM", drawsOverlaysOnLayerShell() ? "wayland" : "xcb");
+        choseQtPlatform = true;
+    }
     // Vantrel's windows paint with QPainter into shared memory. Without this, Qt's wayland
     // platform loads EGL and the GL driver (about 50 MB resident with Mesa) that nothing uses.
     if (qgetenv("QT_QPA_PLATFORM") == "wayland" &&
         !qEnvironmentVariableIsSet("QT_WAYLAND_CLIENT_BUFFER_INTEGRATION")) {
         qputenv("QT_WAYLAND_CLIENT_BUFFER_INTEGRATION", "none");
+        choseBufferIntegration = true;
         passOnMessage = qInstallMessageHandler(&dropBufferIntegrationNotes);
+    }
+}
+
+void Platform::qtPlatformStarted()
+{
+    // Qt has read them; browsers and helpers that Vantrel starts choose for themselves.
+    if (std::exchange(choseQtPlatform, false))
+        qunsetenv("QT_QPA_PLATFORM");
+    if (std::exchange(choseBufferIntegration, false)) {
+        // Qt reads it when first asked about GL; asked now, the choice is made before it goes.
+        QOpenGLContext::supportsThreadedOpenGL();
+        qunsetenv("QT_WAYLAND_CLIENT_BUFFER_INTEGRATION");
     }
 }
 

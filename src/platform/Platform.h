@@ -38,6 +38,9 @@ public:
     // layer surfaces, xcb otherwise (unless QT_QPA_PLATFORM says), and on wayland shared-memory
     // windows without GL.
     static void prepareQtPlatform();
+    // Called once the application object exists: takes that choice out of the environment
+    // again, so that programs Vantrel starts (a browser, the input helper) do not inherit it.
+    static void qtPlatformStarted();
     // Follows whether a compositing manager runs; nothing when no display can be reached.
     static std::unique_ptr<CompositorWatcher> createCompositorWatcher();
     // Calls `handler` on the main thread when the process is asked to terminate (SIGINT, SIGTERM).

@@ -282,6 +282,8 @@ void tst_KeyManager::secretKeysNeverShow_data()
         << Steps{{{key(k)}, {}, false}, lock(Source::logind, true), lock(Source::logind, false)}
         << QStringList{};
     QTest::newRow("role not known yet hides") << Steps{focus("/entry/1"), typing} << QStringList{};
+    QTest::newRow("caps shown stay while a new focus's role is asked")
+        << Steps{typeM, focus("/entry/1"), role("/entry/1", false)} << QStringList{"M"};
     QTest::newRow("ordinary field shows")
         << Steps{focus("/entry/1"), role("/entry/1", false), typeM} << QStringList{"M"};
     QTest::newRow("password field hides")

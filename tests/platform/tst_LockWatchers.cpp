@@ -132,8 +132,8 @@ private slots:
         QTRY_VERIFY(secrecy.isLocked());
     }
 
-    // Both lockers' state is read at start and followed; a locker that leaves the bus while
-    // active no longer locks.
+    // Both lockers' state is read at start and followed, from their owners only; a locker that
+    // leaves the bus while active no longer locks.
     void screenLockers()
     {
         VirtualDisplay busOwner;
@@ -154,7 +154,18 @@ private slots:
         emit locker.ActiveChanged(false);
         QTRY_VERIFY(!secrecy.isLocked());
 
+        // Only the locker that owns the name is heard.
+        QDBusMessage spoof = QDBusMessage::createSignal(
+            QStringLiteral("/org/freedesktop/ScreenSaver"),
+            QStringLiteral("org.freedesktop.ScreenSaver"), QStringLiteral("ActiveChanged"));
+        spoof.setArguments({true});
+        QDBusConnection other = privateConnection(address);
+        other.send(spoof);
+        QTest::qWait(200);
+        QVERIFY(!secrecy.isLocked());
+
         // GNOME's interface, sent from a path of its own.
+        QVERIFY(lockerBus.registerService(QStringLiteral("org.gnome.ScreenSaver")));
         QDBusMessage gnome = QDBusMessage::createSignal(QStringLiteral("/org/gnome/ScreenSaver"),
                                                         QStringLiteral("org.gnome.ScreenSaver"),
                                                         QStringLiteral("ActiveChanged"));

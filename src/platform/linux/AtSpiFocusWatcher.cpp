@@ -112,6 +112,9 @@ void AtSpiFocusWatcher::leave(const QString &why)
 
 void AtSpiFocusWatcher::handleStateChanged(const QDBusMessage &message)
 {
+    // A signal queued before the bus went away finds no connection to ask on.
+    if (!m_bus)
+        return;
     // (kind, detail1, detail2, any_data, ...): "focused", 1 gained or 0 lost.
     const QVariantList arguments = message.arguments();
     if (arguments.value(0).toString() != QLatin1String("focused"))

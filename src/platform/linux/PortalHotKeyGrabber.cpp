@@ -92,6 +92,18 @@ PortalHotKeyGrabber::PortalHotKeyGrabber(const QDBusConnection &bus) : m_bus(bus
     m_bindTimer.setSingleShot(true);
     m_bindTimer.setInterval(0);
     connect(&m_bindTimer, &QTimer::timeout, this, &PortalHotKeyGrabber::bind);
+    m_reopenTimer.setSingleShot(true);
+    connect(&m_reopenTimer, &QTimer::timeout, this, &PortalHotKeyGrabber::reopen);
+    m_portalWatcher.setConnection(m_bus);
+    m_portalWatcher.addWatchedService(service);
+    connect(&m_portalWatcher, &QDBusServiceWatcher::serviceRegistered, this, [this] {
+        // The new portal knows nothing of the old session.
+        if (!m_session.isEmpty())
+            followSession(false);
+        m_session.clear();
+        m_failed = false;
+        reopen();
+    });
     // QtDBus finds the slot's types by name, which only registered types have.
     qRegisterMetaType<QDBusObjectPath>();
     m_bus.connect(service, path, interface, QStringLiteral("Activated"), QStringLiteral("osta{sv}"),
@@ -236,8 +248,16 @@ void PortalHotKeyGrabber::handleSessionClosed(const QVariantMap &)
 {
     followSession(false);
     m_session.clear();
-    if (m_sinceReopened.isValid() && m_sinceReopened.elapsed() < reopenIntervalMs)
+    reopen();
+}
+
+void PortalHotKeyGrabber::reopen()
+{
+    if (m_sinceReopened.isValid() && m_sinceReopened.elapsed() < reopenIntervalMs) {
+        if (!m_reopenTimer.isActive())
+            m_reopenTimer.start(int(reopenIntervalMs - m_sinceReopened.elapsed()));
         return;
+    }
     m_sinceReopened.start();
     m_bindTimer.start();
 }

@@ -3,6 +3,7 @@
 #include "shortcuts/HotKeyGrabber.h"
 
 #include <QDBusConnection>
+#include <QDBusServiceWatcher>
 #include <QElapsedTimer>
 #include <QHash>
 #include <QSet>
@@ -43,8 +44,8 @@ private slots:
                          const QVariantMap &options);
     void handleDeactivated(const QDBusObjectPath &session, const QString &id, qulonglong timestamp,
                            const QVariantMap &options);
-    // The desktop ended the session (its portal restarted, say): the grabs are bound again in a
-    // new one, at most once a minute so that a desktop that keeps closing it is not asked forever.
+    // The desktop ended the session: the grabs are bound again in a new one, at most once a
+    // minute, so that a desktop that keeps closing it is not asked without end.
     void handleSessionClosed(const QVariantMap &details);
 
 private:
@@ -53,6 +54,9 @@ private:
     void bindShortcuts();
     void closeSession();
     void followSession(bool follow);
+    // Binds the grabs again in a new session: now, or when a minute has passed since the last
+    // time.
+    void reopen();
     // Subscribes to the answer of a request made with a new token; returns the token.
     QString expectResponse();
 
@@ -67,6 +71,9 @@ private:
     bool m_failed = false;
     uint m_nextToken = 0;
     QElapsedTimer m_sinceReopened;
+    QTimer m_reopenTimer;
+    // A portal that restarts (and so forgets every session) sends no Closed.
+    QDBusServiceWatcher m_portalWatcher;
     // Grabs made together (the five at start) are bound in one request.
     QTimer m_bindTimer;
 };

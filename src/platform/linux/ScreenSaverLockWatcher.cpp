@@ -45,9 +45,10 @@ void ScreenSaverLockWatcher::start(Secrecy &secrecy)
     m_services = std::make_unique<QDBusServiceWatcher>();
     m_services->setConnection(m_bus);
     for (const Locker &locker : lockers) {
-        // Any sender and any path: lockers differ in where they announce it.
-        m_bus.connect(QString(), QString(), locker.service, QStringLiteral("ActiveChanged"), this,
-                      SLOT(handleActiveChanged(QDBusMessage)));
+        // Only from the locker that owns the name, so that no other program clears its lock; any
+        // path, as lockers differ in where they announce it.
+        m_bus.connect(locker.service, QString(), locker.service, QStringLiteral("ActiveChanged"),
+                      this, SLOT(handleActiveChanged(QDBusMessage)));
         m_services->addWatchedService(locker.service);
     }
     connect(m_services.get(), &QDBusServiceWatcher::serviceRegistered, this,

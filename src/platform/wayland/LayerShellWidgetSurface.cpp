@@ -158,13 +158,13 @@ bool LayerShellWidgetSurface::createSurface(const QString &outputName)
         "vantrel-customizer");
     static const zwlr_layer_surface_v1_listener layerListener{&handleConfigure, &handleClosed};
     zwlr_layer_surface_v1_add_listener(m_layerSurface, &layerListener, this);
-    // Stretched over the output; an exclusive zone of 0 keeps it off the panels, as a window
-    // over the display's available area would be.
+    // Stretched over the whole output, panels included (-1): offsets are fractions of the area
+    // the key row is placed in, which on Wayland is the whole output too.
     zwlr_layer_surface_v1_set_anchor(
         m_layerSurface, ZWLR_LAYER_SURFACE_V1_ANCHOR_TOP | ZWLR_LAYER_SURFACE_V1_ANCHOR_BOTTOM |
                             ZWLR_LAYER_SURFACE_V1_ANCHOR_LEFT | ZWLR_LAYER_SURFACE_V1_ANCHOR_RIGHT);
     zwlr_layer_surface_v1_set_size(m_layerSurface, 0, 0);
-    zwlr_layer_surface_v1_set_exclusive_zone(m_layerSurface, 0);
+    zwlr_layer_surface_v1_set_exclusive_zone(m_layerSurface, -1);
     zwlr_layer_surface_v1_set_keyboard_interactivity(
         m_layerSurface, ZWLR_LAYER_SURFACE_V1_KEYBOARD_INTERACTIVITY_EXCLUSIVE);
     wl_surface_commit(m_surface);

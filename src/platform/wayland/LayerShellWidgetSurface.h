@@ -24,8 +24,8 @@ struct xkb_keymap;
 struct xkb_state;
 struct zwlr_layer_surface_v1;
 
-// A top-level widget on a surface of the compositor's overlay layer over one output's usable
-// area (wlr layer shell), holding the keyboard while it shows: for the position customizer,
+// A top-level widget on a surface of the compositor's overlay layer over one whole output
+// (wlr layer shell), holding the keyboard while it shows: for the position customizer,
 // which Qt cannot make a layer surface.
 //
 // The widget stays shown off screen (Qt::WA_DontShowOnScreen) and sized as the compositor sizes

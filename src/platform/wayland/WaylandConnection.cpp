@@ -262,8 +262,13 @@ bool WaylandConnection::roundTrip()
 void WaylandConnection::readEvents()
 {
     // Events already read by a round trip wait in the queue, where the notifier cannot see them.
-    while (wl_display_prepare_read(m_display) != 0)
-        wl_display_dispatch_pending(m_display);
+    while (wl_display_prepare_read(m_display) != 0) {
+        // After a protocol error the queue never empties: stop instead of spinning.
+        if (wl_display_dispatch_pending(m_display) < 0) {
+            lose("the compositor closed the connection");
+            return;
+        }
+    }
     if (wl_display_read_events(m_display) < 0 || wl_display_dispatch_pending(m_display) < 0)
         lose("the compositor closed the connection");
     else
