@@ -202,14 +202,17 @@ void KeyManager::handleCaptureEvent(const CaptureEvent &event)
 
 void KeyManager::handleKeyEvent(const CaptureEvent &event)
 {
+    // A release ends a press kept from showing, whatever the state now.
+    if (event.type == CaptureEvent::Type::keyUp) {
+        m_keysPressedInSecret.erase(event.keyCode);
+        return;
+    }
     if (!m_live.isVantrelEnabled.load(std::memory_order_relaxed))
         return;
     const quint64 secrecy = m_secrecy.state();
     if (Secrecy::isSecret(secrecy)) {
         if (event.type == CaptureEvent::Type::keyDown)
             m_keysPressedInSecret.insert(event.keyCode);
-        else if (event.type == CaptureEvent::Type::keyUp)
-            m_keysPressedInSecret.erase(event.keyCode);
         return;
     }
     switch (event.type) {
@@ -249,8 +252,7 @@ void KeyManager::handleKeyEvent(const CaptureEvent &event)
               .secrecyState = secrecy});
         return;
     case CaptureEvent::Type::keyUp:
-        m_keysPressedInSecret.erase(event.keyCode);
-        return;
+        return; // handled above
     }
 }
 

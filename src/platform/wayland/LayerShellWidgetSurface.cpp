@@ -26,6 +26,9 @@
 
 namespace {
 
+// xkb key codes are evdev's plus 8.
+constexpr xkb_keycode_t evdevOffset = 8;
+
 // The keys a widget on such a surface acts on; others arrive as Qt::Key_unknown.
 constexpr std::array<std::pair<xkb_keysym_t, int>, 12> keyTable{{
     {XKB_KEY_Escape, Qt::Key_Escape},
@@ -117,9 +120,7 @@ LayerShellWidgetSurface::LayerShellWidgetSurface(QWidget &widget,
     };
     m_connection->onLost = [this](const char *reason) {
         qWarning("vantrel: the position customizer's surface is gone: %s", reason);
-        m_surface = nullptr; // the connection owns nothing more that can be destroyed
-        m_layerSurface = nullptr;
-        m_frameCallback = nullptr;
+        destroySurface();
     };
     widget.installEventFilter(this);
 }
@@ -129,9 +130,9 @@ LayerShellWidgetSurface::~LayerShellWidgetSurface()
     if (m_widget)
         m_widget->removeEventFilter(this);
     if (m_pointer)
-        wl_pointer_destroy(m_pointer);
+        wl_pointer_release(m_pointer);
     if (m_keyboard)
-        wl_keyboard_destroy(m_keyboard);
+        wl_keyboard_release(m_keyboard);
     if (m_cursorSurface)
         wl_surface_destroy(m_cursorSurface);
     if (m_cursorTheme)
@@ -196,6 +197,12 @@ void LayerShellWidgetSurface::followScale(int scale)
     m_scale = scale;
     m_buffers.reset();
     wl_surface_set_buffer_scale(m_surface, m_scale);
+    // Cursors of the new size.
+    if (m_cursorTheme)
+        wl_cursor_theme_destroy(m_cursorTheme);
+    m_cursorTheme = nullptr;
+    m_cursorShape = -1;
+    showCursor();
     m_dirty = true;
     scheduleFrame();
 }
@@ -319,7 +326,7 @@ void LayerShellWidgetSurface::setSeatCapabilities(quint32 capabilities)
         m_pointer = wl_seat_get_pointer(seat);
         wl_pointer_add_listener(m_pointer, &pointerListener, this);
     } else if (!pointer && m_pointer) {
-        wl_pointer_destroy(m_pointer);
+        wl_pointer_release(m_pointer);
         m_pointer = nullptr;
     }
     const bool keyboard = capabilities & WL_SEAT_CAPABILITY_KEYBOARD;
@@ -330,7 +337,7 @@ void LayerShellWidgetSurface::setSeatCapabilities(quint32 capabilities)
         m_keyboard = wl_seat_get_keyboard(seat);
         wl_keyboard_add_listener(m_keyboard, &keyboardListener, this);
     } else if (!keyboard && m_keyboard) {
-        wl_keyboard_destroy(m_keyboard);
+        wl_keyboard_release(m_keyboard);
         m_keyboard = nullptr;
     }
 }
@@ -348,7 +355,11 @@ void LayerShellWidgetSurface::handlePointerEnter(void *data, wl_pointer *, quint
 
 void LayerShellWidgetSurface::handlePointerLeave(void *data, wl_pointer *, quint32, wl_surface *)
 {
-    static_cast<LayerShellWidgetSurface *>(data)->m_pointerInside = false;
+    // Buttons still down lost their release: nothing keeps the grab.
+    auto *self = static_cast<LayerShellWidgetSurface *>(data);
+    self->m_pointerInside = false;
+    self->m_buttons = {};
+    self->m_mouseGrabber = nullptr;
 }
 
 void LayerShellWidgetSurface::showCursor()
@@ -366,8 +377,9 @@ void LayerShellWidgetSurface::showCursor()
         m_cursorTheme =
             wl_cursor_theme_load(theme.isEmpty() ? nullptr : theme.constData(),
                                  (sized && size > 0 ? size : 24) * m_scale, m_connection->shm());
-        m_cursorSurface = wl_compositor_create_surface(m_connection->compositor());
     }
+    if (!m_cursorSurface)
+        m_cursorSurface = wl_compositor_create_surface(m_connection->compositor());
     wl_cursor *cursor = nullptr;
     for (const char *const *name = cursorNames(shape); *name && !cursor; ++name)
         cursor = m_cursorTheme ? wl_cursor_theme_get_cursor(m_cursorTheme, *name) : nullptr;
@@ -481,8 +493,7 @@ void LayerShellWidgetSurface::sendKey(quint32 key, bool pressed)
 {
     if (!m_widget || !m_xkbState)
         return;
-    // Evdev codes are 8 below the keymap's.
-    const xkb_keysym_t symbol = xkb_state_key_get_one_sym(m_xkbState, key + 8);
+    const xkb_keysym_t symbol = xkb_state_key_get_one_sym(m_xkbState, key + evdevOffset);
     int qtKey = Qt::Key_unknown;
     for (const auto &[keysym, mapped] : keyTable) {
         if (keysym == symbol)
