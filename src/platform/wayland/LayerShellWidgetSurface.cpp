@@ -1,6 +1,7 @@
 #include "platform/wayland/LayerShellWidgetSurface.h"
 
 #include "platform/wayland/WaylandConnection.h"
+#include "platform/wayland/WaylandKeymapFile.h"
 #include "platform/wayland/WaylandShmBuffers.h"
 
 #include <QCoreApplication>
@@ -12,13 +13,9 @@
 #include <wayland-cursor.h>
 #include <xkbcommon/xkbcommon.h>
 
-// The layer shell names a parameter `namespace`, a keyword in C++.
-#define namespace layerNamespace
-#include "wlr-layer-shell-unstable-v1-client-protocol.h"
-#undef namespace
+#include "platform/wayland/LayerShellProtocol.h"
 
 #include <linux/input-event-codes.h>
-#include <sys/mman.h>
 #include <unistd.h>
 
 #include <array>
@@ -453,19 +450,15 @@ void LayerShellWidgetSurface::handleKeymap(void *data, wl_keyboard *, quint32 fo
         close(fd);
         return;
     }
-    void *text = mmap(nullptr, size, PROT_READ, MAP_PRIVATE, fd, 0);
+    const QByteArray text = WaylandKeymapFile::read(fd, size);
     close(fd);
-    if (text == MAP_FAILED)
-        return;
     if (!self->m_xkbContext)
         self->m_xkbContext = xkb_context_new(XKB_CONTEXT_NO_FLAGS);
     xkb_keymap *keymap =
-        self->m_xkbContext
-            ? xkb_keymap_new_from_buffer(self->m_xkbContext, static_cast<const char *>(text),
-                                         strnlen(static_cast<const char *>(text), size),
+        self->m_xkbContext && !text.isEmpty()
+            ? xkb_keymap_new_from_string(self->m_xkbContext, text.constData(),
                                          XKB_KEYMAP_FORMAT_TEXT_V1, XKB_KEYMAP_COMPILE_NO_FLAGS)
             : nullptr;
-    munmap(text, size);
     if (!keymap)
         return;
     xkb_state_unref(self->m_xkbState);

@@ -8,11 +8,8 @@
 
 #include <wayland-client.h>
 
-// The layer shell names a parameter `namespace`, a keyword in C++.
-#define namespace layerNamespace
-#include "wlr-layer-shell-unstable-v1-client-protocol.h"
-#undef namespace
 #include "fractional-scale-v1-client-protocol.h"
+#include "platform/wayland/LayerShellProtocol.h"
 #include "viewporter-client-protocol.h"
 
 #include <algorithm>

@@ -4,6 +4,7 @@
 #include "platform/wayland/GnomeInputSourcesWatcher.h"
 #include "platform/wayland/KdeKeyboardLayoutWatcher.h"
 #include "platform/wayland/SwayInputWatcher.h"
+#include "platform/wayland/WaylandKeymapFile.h"
 
 #include <QSocketNotifier>
 
@@ -11,7 +12,6 @@
 #include <xkbcommon/xkbcommon.h>
 
 #include <linux/input-event-codes.h>
-#include <sys/mman.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -162,14 +162,9 @@ void WaylandKeyboardLayoutMonitor::handleKeymap(void *data, wl_keyboard *, quint
 
 void WaylandKeyboardLayoutMonitor::loadKeymap(int fd, quint32 size)
 {
-    // Private mapping: from wl_keyboard version 7 on the compositor may share a read-only fd.
-    void *map = mmap(nullptr, size, PROT_READ, MAP_PRIVATE, fd, 0);
-    if (map == MAP_FAILED)
+    const QByteArray text = WaylandKeymapFile::read(fd, size);
+    if (text.isEmpty())
         return;
-    // The size counts a terminating zero, which a broken compositor may leave out.
-    const QByteArray text(static_cast<const char *>(map),
-                          qstrnlen(static_cast<const char *>(map), size));
-    munmap(map, size);
     xkb_keymap *keymap = xkb_keymap_new_from_string(
         m_context, text.constData(), XKB_KEYMAP_FORMAT_TEXT_V1, XKB_KEYMAP_COMPILE_NO_FLAGS);
     if (!keymap)
