@@ -375,8 +375,7 @@ int main(int argc, char **argv)
                 ++shownKeys;
             switch (i % 4) {
             case 0: // a chord
-                xcb_test_fake_input(c, XCB_KEY_PRESS, control, XCB_CURRENT_TIME, XCB_NONE, 0, 0,
-                                    0);
+                xcb_test_fake_input(c, XCB_KEY_PRESS, control, XCB_CURRENT_TIME, XCB_NONE, 0, 0, 0);
                 tap(c, keys[size_t(i) % keys.size()]);
                 xcb_test_fake_input(c, XCB_KEY_RELEASE, control, XCB_CURRENT_TIME, XCB_NONE, 0, 0,
                                     0);
