@@ -10,7 +10,6 @@
 #include <xcb/shape.h>
 #include <xcb/sync.h>
 #include <xcb/xcb.h>
-#include <xcb/xfixes.h>
 
 #include <algorithm>
 #include <chrono>
@@ -77,14 +76,6 @@ std::pair<int, int> sampledRange(const std::vector<int> &samples)
     if (first == samples.end())
         return {0, 0};
     return {int(first - samples.begin()), int(samples.rend() - last)};
-}
-
-std::vector<int> identity(int length)
-{
-    std::vector<int> result(std::size_t(std::max(0, length)));
-    for (int i = 0; i < length; ++i)
-        result[std::size_t(i)] = i;
-    return result;
 }
 
 xcb_sync_int64_t int64(std::int64_t value)
@@ -168,6 +159,7 @@ struct X11KeyRowRenderer::Connection {
     xcb_connection_t *timed = nullptr;
     std::uint32_t window = 0;
     std::uint32_t argbFormat = 0;
+    std::uint32_t maskFormat = 0;
     std::uint32_t serverTimeCounter = 0;
 };
 
@@ -196,27 +188,22 @@ std::unique_ptr<X11KeyRowRenderer> X11KeyRowRenderer::create(quint32 window)
     const auto sync = owned(xcb_sync_initialize_reply(c, xcb_sync_initialize(c, 3, 1), nullptr));
     const auto timedSync = owned(
         xcb_sync_initialize_reply(found.timed, xcb_sync_initialize(found.timed, 3, 1), nullptr));
-    // Regions (XFixes 2) carry the shapes of queued frames; each connection says its version.
-    const auto fixes =
-        owned(xcb_xfixes_query_version_reply(c, xcb_xfixes_query_version(c, 2, 0), nullptr));
-    const auto timedFixes = owned(xcb_xfixes_query_version_reply(
-        found.timed, xcb_xfixes_query_version(found.timed, 2, 0), nullptr));
     const auto attributes = owned(xcb_get_window_attributes_reply(
         application, xcb_get_window_attributes(application, window), nullptr));
     const auto formats =
         owned(xcb_render_query_pict_formats_reply(c, xcb_render_query_pict_formats(c), nullptr));
-    if (!render || render->minor_version < 6 || !shape || !sync || !timedSync || !fixes ||
-        fixes->major_version < 2 || !timedFixes || !attributes || !formats)
+    if (!render || render->minor_version < 6 || !shape || !sync || !timedSync || !attributes ||
+        !formats)
         return fail();
     found.serverTimeCounter = serverTimeCounter(c);
     // The timed connection must never stop for a reply while the server holds it back, so it
     // learns its extensions' request codes now.
-    for (xcb_extension_t *extension : {&xcb_render_id, &xcb_shape_id, &xcb_xfixes_id})
+    for (xcb_extension_t *extension : {&xcb_render_id, &xcb_shape_id})
         xcb_get_extension_data(found.timed, extension);
     if (!found.serverTimeCounter)
         return fail();
 
-    // The window's own format (32 bits with alpha).
+    // The window's own format (32 bits with alpha), and a 1-bit alpha format for its shape.
     for (auto screens = xcb_render_query_pict_formats_screens_iterator(formats.get());
          screens.rem && !found.argbFormat; xcb_render_pictscreen_next(&screens))
         for (auto depths = xcb_render_pictscreen_depths_iterator(screens.data);
@@ -225,7 +212,12 @@ std::unique_ptr<X11KeyRowRenderer> X11KeyRowRenderer::create(quint32 window)
                  xcb_render_pictvisual_next(&visuals))
                 if (visuals.data->visual == attributes->visual && depths.data->depth == 32)
                     found.argbFormat = visuals.data->format;
-    if (!found.argbFormat)
+    for (auto it = xcb_render_query_pict_formats_formats_iterator(formats.get()); it.rem;
+         xcb_render_pictforminfo_next(&it))
+        if (it.data->type == XCB_RENDER_PICT_TYPE_DIRECT && it.data->depth == 1 &&
+            it.data->direct.alpha_mask == 1)
+            found.maskFormat = it.data->id;
+    if (!found.argbFormat || !found.maskFormat)
         return fail();
 
     // The server repaints the window from its background and the renderer draws that: the
@@ -239,8 +231,9 @@ std::unique_ptr<X11KeyRowRenderer> X11KeyRowRenderer::create(quint32 window)
 
 X11KeyRowRenderer::X11KeyRowRenderer(const Connection &connection)
     : m_control(connection.control), m_timed(connection.timed), m_window(connection.window),
-      m_argbFormat(connection.argbFormat), m_serverTimeCounter(connection.serverTimeCounter),
-      m_runCounter(xcb_generate_id(m_control)), m_nextRun(std::make_unique<QTimer>())
+      m_argbFormat(connection.argbFormat), m_maskFormat(connection.maskFormat),
+      m_serverTimeCounter(connection.serverTimeCounter), m_runCounter(xcb_generate_id(m_control)),
+      m_nextRun(std::make_unique<QTimer>())
 {
     xcb_sync_create_counter(m_control, m_runCounter, int64(0));
     calibrateServerClock();
@@ -362,6 +355,7 @@ void X11KeyRowRenderer::startRun(double start, bool drawNow)
 
     // The frames that follow, until nothing moves or the run is full, queued on the server.
     const std::size_t queuedFrom = m_frames.size();
+    QRect area = before;
     for (int index = 0; m_frames.size() < std::size_t(framesPerRun) && m_moving; ++index) {
         Frame &frame = m_frames.emplace_back();
         frame.time = start + index * interval;
@@ -369,10 +363,8 @@ void X11KeyRowRenderer::startRun(double start, bool drawNow)
         frame.covered &= window;
         frame.dirty = (frame.covered | before) & window;
         before = frame.covered;
+        area |= frame.covered;
         m_ink |= frame.covered;
-        // The shape is sent only when it changes (after a replaced run it is not known).
-        if (m_frames.size() > 1)
-            frame.shapeChanged = frame.shape != m_frames[m_frames.size() - 2].shape;
     }
 
     // The run's own objects, made before any of its frames starts.
@@ -382,22 +374,20 @@ void X11KeyRowRenderer::startRun(double start, bool drawNow)
     m_run.copier = xcb_generate_id(m_control);
     const uint32_t noExposures = 0;
     xcb_create_gc(m_control, m_run.copier, m_window, XCB_GC_GRAPHICS_EXPOSURES, &noExposures);
-    if (m_opaque) {
-        // Each new shape as a region of the run's own, which a newer run destroys: a frame
-        // released early then cannot set its shape.
-        std::vector<xcb_rectangle_t> rectangles;
-        for (std::size_t index = queuedFrom; index < m_frames.size(); ++index) {
-            Frame &frame = m_frames[index];
-            if (!frame.shapeChanged)
-                continue;
-            rectangles.clear();
-            for (const QRect &r : frame.shape)
-                rectangles.push_back(rectangle(r));
-            frame.shapeRegion = xcb_generate_id(m_control);
-            xcb_xfixes_create_region(m_control, frame.shapeRegion, uint32_t(rectangles.size()),
-                                     rectangles.data());
-            m_run.shapes.push_back(frame.shapeRegion);
-        }
+    if (m_opaque && !area.isEmpty()) {
+        // Nothing of the run shows outside `area`, so a mask of that part is the whole shape.
+        m_run.shape = xcb_generate_id(m_control);
+        xcb_create_pixmap(m_control, 1, m_run.shape, m_window, uint16_t(area.width()),
+                          uint16_t(area.height()));
+        m_run.shapeTarget = xcb_generate_id(m_control);
+        xcb_render_create_picture(m_control, m_run.shapeTarget, m_run.shape, m_maskFormat, 0,
+                                  nullptr);
+        m_run.shapeOrigin = area.topLeft();
+        // The buffer is transparent outside the ink, and every frame copies all of the ink it
+        // covers: an empty mask to start with is the buffer's.
+        const xcb_rectangle_t all{0, 0, uint16_t(area.width()), uint16_t(area.height())};
+        xcb_render_fill_rectangles(m_control, XCB_RENDER_PICT_OP_SRC, m_run.shapeTarget,
+                                   xcb_render_color_t{0, 0, 0, 0}, 1, &all);
     }
     for (std::size_t index = queuedFrom; index < m_frames.size(); ++index)
         for (const Placement &placement : m_frames[index].placements)
@@ -433,7 +423,6 @@ bool X11KeyRowRenderer::placeFrame(double time, Frame &frame)
 {
     const KeyRowScene &scene = *m_scene;
     const double dpr = scene.devicePixelRatio;
-    const QRect window(QPoint(0, 0), (QSizeF(scene.windowSize) * dpr).toSize());
     bool moving = false;
     for (std::size_t index = 0; index < scene.caps.size(); ++index) {
         const KeyRowScene::Cap &cap = scene.caps[index];
@@ -482,92 +471,21 @@ bool X11KeyRowRenderer::placeFrame(double time, Frame &frame)
         }
         if (!placement.source.picture || placement.target.isEmpty())
             continue;
-        if (m_opaque)
-            addCoverage(placement, window, frame.shape);
         frame.covered |= placement.target;
         frame.placements.push_back(std::move(placement));
     }
     return moving;
 }
 
-void X11KeyRowRenderer::addCoverage(const Placement &placement, const QRect &window,
-                                    std::vector<QRect> &shape)
-{
-    const Coverage *coverage = placement.source.coverage.get();
-    if (!coverage)
-        return;
-    if (placement.sx == 1.0 && placement.sy == 1.0) {
-        for (const QRect &r : coverage->rectangles)
-            if (const QRect placed = r.translated(placement.target.topLeft()) & window;
-                !placed.isEmpty())
-                shape.push_back(placed);
-        return;
-    }
-    const QRect &inked = placement.source.inked;
-    appendCovered(*coverage,
-                  nearestSamples(placement.rect.width(), placement.sx, inked.x(), inked.width()),
-                  nearestSamples(placement.rect.height(), placement.sy, inked.y(), inked.height()),
-                  placement.rect.topLeft(), window, shape);
-}
-
-void X11KeyRowRenderer::appendCovered(const Coverage &coverage, const std::vector<int> &columns,
-                                      const std::vector<int> &rows, const QPoint &at,
-                                      const QRect &window, std::vector<QRect> &out)
-{
-    // The first column showing each source column or one after it: a run of source columns
-    // shows in the columns from its start's to its end's.
-    std::vector<int> from(std::size_t(coverage.width) + 1);
-    std::size_t next = 0;
-    int end = 0;
-    for (int x = 0; x < int(columns.size()); ++x)
-        if (const int source = columns[std::size_t(x)]; source >= 0) {
-            while (next <= std::size_t(source))
-                from[next++] = x;
-            end = x + 1;
-        }
-    if (next == 0)
-        return;
-    std::fill(from.begin() + std::ptrdiff_t(next), from.end(), end);
-    int open = -1; // the source row whose runs are open, since `top`
-    int top = 0;
-    const auto close = [&](int bottom) {
-        if (open < 0)
-            return;
-        for (int i = coverage.rowRuns[std::size_t(open)];
-             i < coverage.rowRuns[std::size_t(open) + 1]; ++i) {
-            const auto [start, stop] = coverage.runs[std::size_t(i)];
-            const int left = from[std::size_t(start)];
-            const QRect r =
-                QRect(at.x() + left, at.y() + top, from[std::size_t(stop)] - left, bottom - top) &
-                window;
-            if (!r.isEmpty())
-                out.push_back(r);
-        }
-    };
-    for (int y = 0; y < int(rows.size()); ++y) {
-        const int source = rows[std::size_t(y)];
-        if (source >= 0 && open >= 0 &&
-            coverage.rowClass[std::size_t(source)] == coverage.rowClass[std::size_t(open)])
-            continue; // the same runs: the rectangles grow
-        close(y);
-        open = source;
-        top = y;
-    }
-    close(int(rows.size()));
-}
-
 void X11KeyRowRenderer::drawFrameNow(const Frame &frame)
 {
     if (frame.dirty.isEmpty())
         return;
-    // Every image drawn lies within `dirty`, so no clip is needed. Without a compositor only the
-    // shape shows, and each of its pixels is drawn over whole: nothing needs clearing.
+    // Every image drawn lies within `dirty`, so no clip is needed.
     const xcb_rectangle_t dirty = rectangle(frame.dirty);
-    if (!m_opaque) {
-        const xcb_render_color_t transparent{0, 0, 0, 0};
-        xcb_render_fill_rectangles(m_control, XCB_RENDER_PICT_OP_SRC, m_bufferPicture, transparent,
-                                   1, &dirty);
-    }
+    const xcb_render_color_t transparent{0, 0, 0, 0};
+    xcb_render_fill_rectangles(m_control, XCB_RENDER_PICT_OP_SRC, m_bufferPicture, transparent, 1,
+                               &dirty);
     for (const Placement &placement : frame.placements) {
         const bool scaled = placement.sx != 1.0 || placement.sy != 1.0;
         if (scaled)
@@ -584,14 +502,18 @@ void X11KeyRowRenderer::drawFrameNow(const Frame &frame)
     m_run.pictures.clear();
 
     if (m_opaque) {
-        // The shape follows the caps: every pixel the frame covers at least half.
-        std::vector<xcb_rectangle_t> rectangles;
-        rectangles.reserve(frame.shape.size());
-        for (const QRect &r : frame.shape)
-            rectangles.push_back(rectangle(r));
-        xcb_shape_rectangles(m_control, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_BOUNDING,
-                             XCB_CLIP_ORDERING_UNSORTED, m_window, 0, 0,
-                             uint32_t(rectangles.size()), rectangles.data());
+        // The shape follows the caps: every pixel the frame covers at least half. Nothing
+        // shows outside `dirty`, so a mask of that part alone is the whole shape.
+        const uint32_t mask = xcb_generate_id(m_control);
+        xcb_create_pixmap(m_control, 1, mask, m_window, dirty.width, dirty.height);
+        const uint32_t maskPicture = xcb_generate_id(m_control);
+        xcb_render_create_picture(m_control, maskPicture, mask, m_maskFormat, 0, nullptr);
+        xcb_render_composite(m_control, XCB_RENDER_PICT_OP_SRC, m_bufferPicture, XCB_NONE,
+                             maskPicture, dirty.x, dirty.y, 0, 0, 0, 0, dirty.width, dirty.height);
+        xcb_shape_mask(m_control, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_BOUNDING, m_window, dirty.x,
+                       dirty.y, mask);
+        xcb_render_free_picture(m_control, maskPicture);
+        xcb_free_pixmap(m_control, mask);
         m_shaped = true;
     } else if (m_shaped) {
         xcb_shape_mask(m_control, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_BOUNDING, m_window, 0, 0,
@@ -619,10 +541,8 @@ void X11KeyRowRenderer::queueFrame(const Frame &frame)
         return;
     xcb_connection_t *const c = m_timed;
     const xcb_rectangle_t dirty = rectangle(frame.dirty);
-    if (!m_opaque) {
-        const xcb_render_color_t transparent{0, 0, 0, 0};
-        xcb_render_fill_rectangles(c, XCB_RENDER_PICT_OP_SRC, m_run.target, transparent, 1, &dirty);
-    }
+    const xcb_render_color_t transparent{0, 0, 0, 0};
+    xcb_render_fill_rectangles(c, XCB_RENDER_PICT_OP_SRC, m_run.target, transparent, 1, &dirty);
     for (const Placement &placement : frame.placements) {
         std::uint32_t source = placement.source.picture;
         if (placement.sx != 1.0 || placement.sy != 1.0) {
@@ -635,9 +555,13 @@ void X11KeyRowRenderer::queueFrame(const Frame &frame)
         }
         composite(c, placement, source, m_run.target);
     }
-    if (frame.shapeRegion)
-        xcb_xfixes_set_window_shape_region(c, m_window, XCB_SHAPE_SK_BOUNDING, 0, 0,
-                                           frame.shapeRegion);
+    if (m_run.shape) {
+        xcb_render_composite(c, XCB_RENDER_PICT_OP_SRC, m_run.target, XCB_NONE, m_run.shapeTarget,
+                             dirty.x, dirty.y, 0, 0, int16_t(dirty.x - m_run.shapeOrigin.x()),
+                             int16_t(dirty.y - m_run.shapeOrigin.y()), dirty.width, dirty.height);
+        xcb_shape_mask(c, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_BOUNDING, m_window,
+                       int16_t(m_run.shapeOrigin.x()), int16_t(m_run.shapeOrigin.y()), m_run.shape);
+    }
     xcb_copy_area(c, m_buffer, m_window, m_run.copier, dirty.x, dirty.y, dirty.x, dirty.y,
                   dirty.width, dirty.height);
 }
@@ -646,15 +570,16 @@ void X11KeyRowRenderer::cancelRun()
 {
     freeRun(m_cancelled);
     if (m_run.queued) {
-        // Its waiting frames draw into empty clips and cannot set the shape from destroyed
-        // regions.
+        // Its waiting frames draw into empty clips and cannot set the shape from a freed pixmap.
         xcb_render_set_picture_clip_rectangles(m_control, m_run.target, 0, 0, 0, nullptr);
+        if (m_run.shapeTarget)
+            xcb_render_set_picture_clip_rectangles(m_control, m_run.shapeTarget, 0, 0, 0, nullptr);
         xcb_set_clip_rectangles(m_control, XCB_CLIP_ORDERING_UNSORTED, m_run.copier, 0, 0, 0,
                                 nullptr);
     }
-    for (const std::uint32_t region : m_run.shapes)
-        xcb_xfixes_destroy_region(m_control, region);
-    m_run.shapes.clear();
+    if (m_run.shape)
+        xcb_free_pixmap(m_control, m_run.shape);
+    m_run.shape = 0;
     m_cancelled = std::move(m_run);
     m_run = {};
 }
@@ -665,8 +590,10 @@ void X11KeyRowRenderer::freeRun(Run &run)
         xcb_render_free_picture(m_control, run.target);
     if (run.copier)
         xcb_free_gc(m_control, run.copier);
-    for (const std::uint32_t region : run.shapes)
-        xcb_xfixes_destroy_region(m_control, region);
+    if (run.shape)
+        xcb_free_pixmap(m_control, run.shape);
+    if (run.shapeTarget)
+        xcb_render_free_picture(m_control, run.shapeTarget);
     for (const auto &[picture, view] : run.scaledViews)
         xcb_render_free_picture(m_control, view);
     for (const std::uint32_t picture : run.pictures)
@@ -795,35 +722,6 @@ X11KeyRowRenderer::Picture X11KeyRowRenderer::upload(const QImage &source)
         return result;
     result.inked = QRect(QPoint(left, top), QPoint(right, bottom));
     const QImage image = converted.copy(result.inked);
-    if (m_opaque) {
-        // Which pixels show: those the shape keeps.
-        auto coverage = std::make_shared<Coverage>();
-        coverage->width = image.width();
-        for (int y = 0; y < image.height(); ++y) {
-            const auto *line = reinterpret_cast<const QRgb *>(image.constScanLine(y));
-            const std::size_t first = coverage->runs.size();
-            coverage->rowRuns.push_back(int(first));
-            for (int x = 0, start = -1; x <= image.width(); ++x) {
-                const bool in = x < image.width() && qAlpha(line[x]) >= 128;
-                if (in && start < 0) {
-                    start = x;
-                } else if (!in && start >= 0) {
-                    coverage->runs.emplace_back(start, x);
-                    start = -1;
-                }
-            }
-            const bool same =
-                y > 0 &&
-                std::equal(coverage->runs.begin() + std::ptrdiff_t(first), coverage->runs.end(),
-                           coverage->runs.begin() + coverage->rowRuns[std::size_t(y) - 1],
-                           coverage->runs.begin() + std::ptrdiff_t(first));
-            coverage->rowClass.push_back(same ? coverage->rowClass.back() : y);
-        }
-        coverage->rowRuns.push_back(int(coverage->runs.size()));
-        appendCovered(*coverage, identity(image.width()), identity(image.height()), QPoint(0, 0),
-                      QRect(0, 0, image.width(), image.height()), coverage->rectangles);
-        result.coverage = std::move(coverage);
-    }
     const auto width = static_cast<uint16_t>(image.width());
     const auto height = static_cast<uint16_t>(image.height());
     result.pixmap = xcb_generate_id(m_control);

@@ -22,8 +22,7 @@ struct xcb_connection_t;
 // of requests that place, scale (nearest-pixel sampling) and fade those pictures into a
 // window-sized picture on the server, which is also the window's background (the server repaints
 // exposures itself), and copy the changed part to the window. Without a compositor the window is
-// shaped to the caps: the renderer knows which pixels of each uploaded image show, and sends the
-// shape as rectangles, only when it changes.
+// shaped to the caps from a 1-bit mask made from the same picture on the server.
 //
 // A scene's frames are worked out ahead, a run of them at a time, and sent at once on a second
 // connection, each held back by a SYNC Await until the server's clock reaches its time. A newer
@@ -48,20 +47,11 @@ private:
         QPointF offset;
         double opacity = -1.0;
     };
-    // The pixels of an opaque cap picture that show (at least half covered), for the shape.
-    struct Coverage {
-        int width = 0;
-        std::vector<std::pair<int, int>> runs; // [start, end) of each row's, row after row
-        std::vector<int> rowRuns;              // where each row's runs begin, and the end
-        std::vector<int> rowClass;             // the same for neighbouring rows with equal runs
-        std::vector<QRect> rectangles;         // all of it, unscaled
-    };
     // A cap image on the server: its inked part (the rest is transparent and not uploaded).
     struct Picture {
         std::uint32_t pixmap = 0;
-        std::uint32_t picture = 0;                // none for an image without ink
-        QRect inked;                              // in the image
-        std::shared_ptr<const Coverage> coverage; // while the window cannot blend
+        std::uint32_t picture = 0; // none for an image without ink
+        QRect inked;               // in the image
         qsizetype bytes = 0;
         std::uint64_t lastUse = 0;
     };
@@ -81,16 +71,15 @@ private:
         std::vector<Placement> placements;
         QRect covered;
         QRect dirty;
-        std::vector<QRect> shape;      // without a compositor: the pixels the caps cover
-        bool shapeChanged = true;      // from the frame before
-        std::uint32_t shapeRegion = 0; // of a queued frame whose shape changed
     };
     // What one run of frames draws through, made for it alone.
     struct Run {
         std::uint64_t number = 0;
-        std::uint32_t target = 0;          // picture of the buffer
-        std::uint32_t copier = 0;          // graphics context copying the buffer to the window
-        std::vector<std::uint32_t> shapes; // regions the window's shape is set from
+        std::uint32_t target = 0; // picture of the buffer
+        std::uint32_t copier = 0; // graphics context copying the buffer to the window
+        std::uint32_t shape = 0;  // 1-bit pixmap the window's shape is set from
+        std::uint32_t shapeTarget = 0;
+        QPoint shapeOrigin; // where the shape pixmap lies in the window
         std::unordered_map<std::uint32_t, std::uint32_t> scaledViews; // by cap picture
         std::vector<std::uint32_t> pictures;                          // freed with the run
         bool queued = false;                                          // frames wait on the server
@@ -102,14 +91,6 @@ private:
     void startRun(double start, bool drawNow);
     // Where the scene's caps go at `time`; tells whether anything still moves after it.
     bool placeFrame(double time, Frame &frame);
-    // Adds the window pixels a placed opaque cap covers to `shape`, within `window`.
-    static void addCoverage(const Placement &placement, const QRect &window,
-                            std::vector<QRect> &shape);
-    // Adds the covered pixels, sampled at `columns` and `rows` (-1: none; both only grow), as
-    // rectangles placed at `at` and cut to `window`.
-    static void appendCovered(const Coverage &coverage, const std::vector<int> &columns,
-                              const std::vector<int> &rows, const QPoint &at, const QRect &window,
-                              std::vector<QRect> &out);
     // The first frame of a scene, on the control connection through the buffer's own picture.
     void drawFrameNow(const Frame &frame);
     // A later frame on the timed connection, through the run's objects.
@@ -130,8 +111,7 @@ private:
     void freePicture(const Picture &picture);
     std::uint32_t opacityMask(double opacity);
     void forgetPictures();
-    // Images are uploaded as the window shows them: opaque ones without a compositor (with what
-    // they cover).
+    // Images are uploaded as the window shows them: opaque ones without a compositor.
     void setOpaque(bool opaque);
     void freeBuffers();
     void drainEvents();
@@ -142,6 +122,7 @@ private:
     xcb_connection_t *const m_timed;
     const std::uint32_t m_window;
     const std::uint32_t m_argbFormat;
+    const std::uint32_t m_maskFormat;
     const std::uint32_t m_serverTimeCounter;
     const std::uint32_t m_runCounter; // the number of the newest run
     double m_serverClockOffset = 0.0; // server milliseconds minus the monotonic clock's
