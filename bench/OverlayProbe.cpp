@@ -3,9 +3,11 @@
 //              first key after start, keys added to a row already showing, keys on an empty
 //              overlay
 //   idle     - CPU time and wake-ups while no key shows
-//   typing   - CPU time, wake-ups and frames drawn while typing 15 keys per second
-// Usage: overlay_probe <vantrel pid> <seconds for idle and typing> [--all-keys]
-//        [--idle-seconds N] [--server-pid N]
+//   typing   - 15 keys per second, twice: watched, for the frames drawn (and the X server's CPU
+//              with the work of reporting damage to this probe), then unwatched, for the CPU
+//              time and wake-ups of Vantrel, the X server and the compositor
+// Usage: overlay_probe <vantrel pid> <seconds for idle and each typing phase> [--all-keys]
+//        [--idle-seconds N] [--server-pid N] [--compositor-pid N] [--no-latency]
 // Prints one "measure<TAB>result" line each; resident memory is also sampled every 10 s of
 // typing, so that a long run shows whether it stays flat. With --all-keys Vantrel runs with
 // "showAllKeys" on and letters are timed; otherwise F-keys, which the default settings show.
@@ -265,7 +267,7 @@ int main(int argc, char **argv)
     if (argc < 3) {
         std::fprintf(stderr,
                      "usage: %s <vantrel pid> <seconds> [--all-keys] [--idle-seconds N] "
-                     "[--server-pid N]\n",
+                     "[--server-pid N] [--compositor-pid N] [--no-latency]\n",
                      argv[0]);
         return 2;
     }
@@ -273,7 +275,9 @@ int main(int argc, char **argv)
     const int seconds = std::atoi(argv[2]);
     bool allKeys = false;
     int idleSeconds = seconds;
-    int serverPid = 0; // the X server's, to report its CPU time too
+    int serverPid = 0;     // the X server's, to report its CPU time too
+    int compositorPid = 0; // the compositor's, likewise
+    bool latency = true;
     for (int i = 3; i < argc; ++i) {
         if (std::strcmp(argv[i], "--all-keys") == 0)
             allKeys = true;
@@ -281,6 +285,10 @@ int main(int argc, char **argv)
             idleSeconds = std::atoi(argv[++i]);
         else if (std::strcmp(argv[i], "--server-pid") == 0 && i + 1 < argc)
             serverPid = std::atoi(argv[++i]);
+        else if (std::strcmp(argv[i], "--compositor-pid") == 0 && i + 1 < argc)
+            compositorPid = std::atoi(argv[++i]);
+        else if (std::strcmp(argv[i], "--no-latency") == 0)
+            latency = false;
     }
     xcb_connection_t *c = xcb_connect(nullptr, nullptr);
     if (xcb_connection_has_error(c)) {
@@ -301,9 +309,10 @@ int main(int argc, char **argv)
         std::fprintf(stderr, "no overlay window found\n");
         return 1;
     }
+    std::vector<xcb_damage_damage_t> damages;
     for (xcb_window_t window : windows) {
-        const xcb_damage_damage_t damage = xcb_generate_id(c);
-        xcb_damage_create(c, damage, window, XCB_DAMAGE_REPORT_LEVEL_RAW_RECTANGLES);
+        damages.push_back(xcb_generate_id(c));
+        xcb_damage_create(c, damages.back(), window, XCB_DAMAGE_REPORT_LEVEL_RAW_RECTANGLES);
     }
     xcb_flush(c);
 
@@ -322,19 +331,22 @@ int main(int argc, char **argv)
     // The very first key after start, on an empty overlay with nothing cached (once the
     // window's own first drawings are over).
     settle(c, damageEvent, 300);
-    const double first = timeTap(c, damageEvent, timed[0]);
-    // Keys added to a row already showing, each after the previous drawing has settled.
-    std::vector<double> showing;
-    for (int i = 1; i <= 200; ++i) {
-        drain(c, damageEvent, 60);
-        showing.push_back(timeTap(c, damageEvent, timed[size_t(i) % timed.size()]));
-    }
-    // Keys on an empty overlay: each after every cap has gone (1.5 s on show, then removal).
-    std::vector<double> empty;
-    for (int i = 0; i < 20; ++i) {
-        drain(c, damageEvent, 1900);
-        settle(c, damageEvent, 200);
-        empty.push_back(timeTap(c, damageEvent, timed[size_t(i) % timed.size()]));
+    double first = -1.0;
+    std::vector<double> showing; // keys added to a row already showing
+    std::vector<double> empty;   // keys on an empty overlay
+    if (latency) {
+        first = timeTap(c, damageEvent, timed[0]);
+        // Each after the previous drawing has settled.
+        for (int i = 1; i <= 200; ++i) {
+            drain(c, damageEvent, 60);
+            showing.push_back(timeTap(c, damageEvent, timed[size_t(i) % timed.size()]));
+        }
+        // Each after every cap has gone (1.5 s on show, then removal).
+        for (int i = 0; i < 20; ++i) {
+            drain(c, damageEvent, 1900);
+            settle(c, damageEvent, 200);
+            empty.push_back(timeTap(c, damageEvent, timed[size_t(i) % timed.size()]));
+        }
     }
     drain(c, damageEvent, 2500); // let every cap expire
 
@@ -342,51 +354,76 @@ int main(int argc, char **argv)
     std::this_thread::sleep_for(std::chrono::seconds(idleSeconds));
     const ProcessTimes idleEnd = readProcess(pid);
 
-    const ProcessTimes typingStart = readProcess(pid);
-    const ProcessTimes serverStart = serverPid > 0 ? readProcess(serverPid) : ProcessTimes();
+    // Typing, twice: once watched (frames drawn, the X server's CPU with the work of reporting
+    // damage to this probe) and once unwatched (what the desktop pays: Vantrel's, the X server's
+    // and the compositor's CPU).
     const xcb_keycode_t control = keycodeOf(c, 0xffe3);
     const xcb_keycode_t f5 = keycodeOf(c, 0xffc2);
     const xcb_keycode_t returnKey = keycodeOf(c, 0xff0d);
-    const auto typingEnd = Clock::now() + std::chrono::seconds(seconds);
-    damageCount = {};
-    int shownKeys = 0;
     std::vector<double> rssSamples; // MB, every 10 s of typing
-    auto nextSample = Clock::now() + std::chrono::seconds(10);
-    for (int i = 0; Clock::now() < typingEnd; ++i) {
-        if (Clock::now() >= nextSample) {
-            rssSamples.push_back(double(readProcess(pid).rssKiB) / 1024.0);
-            nextSample += std::chrono::seconds(10);
+    int shownKeys = 0;
+    const auto type = [&](bool watched) {
+        const auto typingEnd = Clock::now() + std::chrono::seconds(seconds);
+        auto nextSample = Clock::now() + std::chrono::seconds(10);
+        for (int i = 0; Clock::now() < typingEnd; ++i) {
+            if (Clock::now() >= nextSample) {
+                rssSamples.push_back(double(readProcess(pid).rssKiB) / 1024.0);
+                nextSample += std::chrono::seconds(10);
+            }
+            // Chords, F5 and Return show with any settings, plain letters only with all keys.
+            if (watched && (allKeys || i % 4 != 1))
+                ++shownKeys;
+            switch (i % 4) {
+            case 0: // a chord
+                xcb_test_fake_input(c, XCB_KEY_PRESS, control, XCB_CURRENT_TIME, XCB_NONE, 0, 0, 0);
+                tap(c, keys[size_t(i) % keys.size()]);
+                xcb_test_fake_input(c, XCB_KEY_RELEASE, control, XCB_CURRENT_TIME, XCB_NONE, 0, 0,
+                                    0);
+                xcb_flush(c);
+                break;
+            case 1:
+                tap(c, keys[size_t(i) % keys.size()]);
+                break;
+            case 2:
+                tap(c, f5);
+                break;
+            default:
+                tap(c, returnKey);
+            }
+            if (watched)
+                drain(c, damageEvent, 1000 / 15);
+            else
+                std::this_thread::sleep_for(std::chrono::milliseconds(1000 / 15));
         }
-        // Chords, F5 and Return show with any settings, plain letters only with all keys.
-        if (allKeys || i % 4 != 1)
-            ++shownKeys;
-        switch (i % 4) {
-        case 0: // a chord
-            xcb_test_fake_input(c, XCB_KEY_PRESS, control, XCB_CURRENT_TIME, XCB_NONE, 0, 0, 0);
-            tap(c, keys[size_t(i) % keys.size()]);
-            xcb_test_fake_input(c, XCB_KEY_RELEASE, control, XCB_CURRENT_TIME, XCB_NONE, 0, 0, 0);
-            xcb_flush(c);
-            break;
-        case 1:
-            tap(c, keys[size_t(i) % keys.size()]);
-            break;
-        case 2:
-            tap(c, f5);
-            break;
-        default:
-            tap(c, returnKey);
-        }
-        drain(c, damageEvent, 1000 / 15);
-    }
+    };
+    const ProcessTimes serverWatchedStart = serverPid > 0 ? readProcess(serverPid) : ProcessTimes();
+    damageCount = {};
+    type(true);
+    const ProcessTimes serverWatchedStop = serverPid > 0 ? readProcess(serverPid) : ProcessTimes();
+    const DamageCount typed = damageCount;
+    drain(c, damageEvent, 2500); // let every cap expire
+    for (const xcb_damage_damage_t damage : damages)
+        xcb_damage_destroy(c, damage);
+    xcb_flush(c);
+    std::this_thread::sleep_for(std::chrono::milliseconds(200));
+
+    const ProcessTimes typingStart = readProcess(pid);
+    const ProcessTimes serverStart = serverPid > 0 ? readProcess(serverPid) : ProcessTimes();
+    const ProcessTimes compositorStart =
+        compositorPid > 0 ? readProcess(compositorPid) : ProcessTimes();
+    type(false);
     const ProcessTimes typingStop = readProcess(pid);
     const ProcessTimes serverStop = serverPid > 0 ? readProcess(serverPid) : ProcessTimes();
-    const DamageCount typed = damageCount;
-    drain(c, damageEvent, 2500);
+    const ProcessTimes compositorStop =
+        compositorPid > 0 ? readProcess(compositorPid) : ProcessTimes();
+    std::this_thread::sleep_for(std::chrono::milliseconds(2500));
     const double frameRate = double(typed.frames) / seconds;
 
-    std::printf("first key after start, press to first drawing\t%.2f ms\n", first);
-    std::printf("latency, row already showing\t%s\n", latencyText(showing, 200).c_str());
-    std::printf("latency, empty overlay\t%s\n", latencyText(empty, 20).c_str());
+    if (latency) {
+        std::printf("first key after start, press to first drawing\t%.2f ms\n", first);
+        std::printf("latency, row already showing\t%s\n", latencyText(showing, 200).c_str());
+        std::printf("latency, empty overlay\t%s\n", latencyText(empty, 20).c_str());
+    }
     std::printf("idle for %d s\t%.3f s CPU, %lld wake-ups\n", idleSeconds,
                 runSeconds(idleStart, idleEnd), wakeUps(idleStart, idleEnd));
     std::printf("typing 15 keys/s for %d s\t%.3f s CPU (%.3f s in the kernel), %lld wake-ups\n",
@@ -416,8 +453,14 @@ int main(int argc, char **argv)
             threads += text;
         }
     std::printf("typing: CPU by thread\t%s\n", threads.c_str());
-    if (serverPid > 0)
+    if (serverPid > 0) {
         std::printf("typing: X server CPU\t%.3f s\n", runSeconds(serverStart, serverStop));
+        std::printf("typing: X server CPU, damage reported to this probe\t%.3f s\n",
+                    runSeconds(serverWatchedStart, serverWatchedStop));
+    }
+    if (compositorPid > 0)
+        std::printf("typing: compositor CPU\t%.3f s\n",
+                    runSeconds(compositorStart, compositorStop));
     std::printf("frames drawn while typing\t%lld (%.0f a second), %.1f per shown key, %.1f "
                 "damage events per frame\n",
                 typed.frames, frameRate, shownKeys ? double(typed.frames) / shownKeys : 0.0,

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Measures Vantrel end to end on a virtual display, once with the default settings and once with
 # "showAllKeys": start-up time, key-press-to-drawing latency, CPU and wake-ups while idle and
-# while typing, frames drawn, resident memory. Prints a Markdown table, one column per setting.
+# while typing (Vantrel's, the X server's and the compositor's), frames drawn, resident memory. Prints a Markdown table, one column per setting.
 # Vantrel runs as on a desktop, with a tray host (trayer) for its icon.
 # Usage: bench/overlay-benchmark.sh [seconds per phase, default 30] [--compositor]
 # VANTREL_BENCH_IDLE_SECONDS sets the idle phase apart from the typing phase (for a long memory
@@ -47,7 +47,8 @@ measure() {
         'BEGIN { printf "start to listening\t%.0f ms\n", (b - a) * 1000 }' >"$work/$1"
     "$VANTREL_BUILD_DIR/bench/overlay_probe" "$vantrel_pid" "$seconds" ${3:-} \
         --idle-seconds "${VANTREL_BENCH_IDLE_SECONDS:-$seconds}" \
-        --server-pid "$VIRTUAL_DISPLAY_PID" >>"$work/$1"
+        --server-pid "$VIRTUAL_DISPLAY_PID" ${COMPOSITOR_PID:+--compositor-pid "$COMPOSITOR_PID"} \
+        >>"$work/$1"
     kill "$vantrel_pid"
     wait "$vantrel_pid" 2>/dev/null || true
 }

@@ -46,9 +46,36 @@ xcb_render_fixed_t fixed(double value)
     return static_cast<xcb_render_fixed_t>(std::lround(value * 65536.0));
 }
 
-xcb_render_transform_t scaling(double sx, double sy)
+// Scales by `sx`, `sy` and then takes the pixel at `origin` as the first one.
+xcb_render_transform_t scaling(double sx, double sy, const QPoint &origin = {})
 {
-    return {fixed(sx), 0, 0, 0, fixed(sy), 0, 0, 0, fixed(1.0)};
+    return {fixed(sx), 0, fixed(-origin.x()), 0, fixed(sy), fixed(-origin.y()), 0, 0, fixed(1.0)};
+}
+
+// The X server samples a scaled picture as pixman does, in 16.16 fixed point: pixel i of the
+// destination shows source pixel (f * (i + 1/2) - 1/65536) >> 16 for the factor f. For each
+// pixel of a destination `length` long: the pixel of the inked part [inkedStart, inkedStart +
+// inkedLength) it shows, or -1 for one outside (transparent).
+std::vector<int> nearestSamples(int length, double scale, int inkedStart, int inkedLength)
+{
+    const std::int64_t factor = fixed(scale);
+    const std::int64_t first = ((factor * 0x8000 + 0x8000) >> 16) - 1;
+    std::vector<int> samples(std::size_t(std::max(0, length)));
+    for (int i = 0; i < length; ++i) {
+        const int source = static_cast<int>((first + factor * i) >> 16) - inkedStart;
+        samples[std::size_t(i)] = source >= 0 && source < inkedLength ? source : -1;
+    }
+    return samples;
+}
+
+// The range of `samples` that shows the inked part (it is one range: samples only grow).
+std::pair<int, int> sampledRange(const std::vector<int> &samples)
+{
+    const auto first = std::find_if(samples.begin(), samples.end(), [](int s) { return s >= 0; });
+    const auto last = std::find_if(samples.rbegin(), samples.rend(), [](int s) { return s >= 0; });
+    if (first == samples.end())
+        return {0, 0};
+    return {int(first - samples.begin()), int(samples.rend() - last)};
 }
 
 xcb_sync_int64_t int64(std::int64_t value)
@@ -421,12 +448,31 @@ bool X11KeyRowRenderer::placeFrame(double time, Frame &frame)
         const QRect rect = drawing.imageRect(image.image.size(), image.offset, scene.origin, dpr);
         if (rect.isEmpty())
             continue;
-        frame.placements.push_back(
-            {pictureFor(image.image, transient), !transient,
-             drawing.drawOpacity < 1.0 ? opacityMask(drawing.drawOpacity) : std::uint32_t{XCB_NONE},
-             rect, double(image.image.width()) / rect.width(),
-             double(image.image.height()) / rect.height()});
-        frame.covered |= rect;
+        Placement placement{pictureFor(image.image, transient),
+                            !transient,
+                            drawing.drawOpacity < 1.0 ? opacityMask(drawing.drawOpacity)
+                                                      : std::uint32_t{XCB_NONE},
+                            rect,
+                            double(image.image.width()) / rect.width(),
+                            double(image.image.height()) / rect.height(),
+                            {},
+                            {}};
+        // Only the pixels that show the inked part are drawn.
+        const QRect &inked = placement.source.inked;
+        if (placement.sx == 1.0 && placement.sy == 1.0) {
+            placement.target = inked.translated(rect.topLeft());
+        } else {
+            const auto [left, right] =
+                sampledRange(nearestSamples(rect.width(), placement.sx, inked.x(), inked.width()));
+            const auto [top, bottom] = sampledRange(
+                nearestSamples(rect.height(), placement.sy, inked.y(), inked.height()));
+            placement.target = QRect(rect.x() + left, rect.y() + top, right - left, bottom - top);
+            placement.sourceOrigin = QPoint(left, top);
+        }
+        if (!placement.source.picture || placement.target.isEmpty())
+            continue;
+        frame.covered |= placement.target;
+        frame.placements.push_back(std::move(placement));
     }
     return moving;
 }
@@ -443,13 +489,10 @@ void X11KeyRowRenderer::drawFrameNow(const Frame &frame)
     for (const Placement &placement : frame.placements) {
         const bool scaled = placement.sx != 1.0 || placement.sy != 1.0;
         if (scaled)
-            xcb_render_set_picture_transform(m_control, placement.source.picture,
-                                             scaling(placement.sx, placement.sy));
-        xcb_render_composite(
-            m_control, XCB_RENDER_PICT_OP_OVER, placement.source.picture, placement.mask,
-            m_bufferPicture, 0, 0, 0, 0, static_cast<int16_t>(placement.rect.x()),
-            static_cast<int16_t>(placement.rect.y()), static_cast<uint16_t>(placement.rect.width()),
-            static_cast<uint16_t>(placement.rect.height()));
+            xcb_render_set_picture_transform(
+                m_control, placement.source.picture,
+                scaling(placement.sx, placement.sy, placement.source.inked.topLeft()));
+        composite(m_control, placement, placement.source.picture, m_bufferPicture);
         if (scaled)
             xcb_render_set_picture_transform(m_control, placement.source.picture,
                                              scaling(1.0, 1.0));
@@ -480,6 +523,18 @@ void X11KeyRowRenderer::drawFrameNow(const Frame &frame)
     xcb_clear_area(m_control, 0, m_window, dirty.x, dirty.y, dirty.width, dirty.height);
 }
 
+void X11KeyRowRenderer::composite(xcb_connection_t *c, const Placement &placement,
+                                  std::uint32_t source, std::uint32_t target)
+{
+    xcb_render_composite(c, XCB_RENDER_PICT_OP_OVER, source, placement.mask, target,
+                         static_cast<int16_t>(placement.sourceOrigin.x()),
+                         static_cast<int16_t>(placement.sourceOrigin.y()), 0, 0,
+                         static_cast<int16_t>(placement.target.x()),
+                         static_cast<int16_t>(placement.target.y()),
+                         static_cast<uint16_t>(placement.target.width()),
+                         static_cast<uint16_t>(placement.target.height()));
+}
+
 void X11KeyRowRenderer::queueFrame(const Frame &frame)
 {
     if (frame.dirty.isEmpty())
@@ -495,13 +550,10 @@ void X11KeyRowRenderer::queueFrame(const Frame &frame)
             // another run sees this transform.
             if (placement.shared)
                 source = m_run.scaledViews.at(placement.source.picture);
-            xcb_render_set_picture_transform(c, source, scaling(placement.sx, placement.sy));
+            xcb_render_set_picture_transform(
+                c, source, scaling(placement.sx, placement.sy, placement.source.inked.topLeft()));
         }
-        xcb_render_composite(c, XCB_RENDER_PICT_OP_OVER, source, placement.mask, m_run.target, 0, 0,
-                             0, 0, static_cast<int16_t>(placement.rect.x()),
-                             static_cast<int16_t>(placement.rect.y()),
-                             static_cast<uint16_t>(placement.rect.width()),
-                             static_cast<uint16_t>(placement.rect.height()));
+        composite(c, placement, source, m_run.target);
     }
     if (m_run.shape) {
         xcb_render_composite(c, XCB_RENDER_PICT_OP_SRC, m_run.target, XCB_NONE, m_run.shapeTarget,
@@ -609,7 +661,10 @@ X11KeyRowRenderer::Picture X11KeyRowRenderer::pictureFor(const QImage &image, bo
 {
     if (transient) {
         const Picture picture = upload(m_opaque ? opaqueCopy(image) : image);
-        m_run.pictures.push_back(picture.picture);
+        if (picture.picture) {
+            m_run.pictures.push_back(picture.picture);
+            xcb_free_pixmap(m_control, picture.pixmap); // the picture keeps it
+        }
         return picture;
     }
     const qint64 key = image.cacheKey();
@@ -630,21 +685,45 @@ X11KeyRowRenderer::Picture X11KeyRowRenderer::pictureFor(const QImage &image, bo
         if (oldest->second.lastUse >= m_runFirstUse)
             break;
         m_pictureBytes -= oldest->second.bytes;
-        xcb_render_free_picture(m_control, oldest->second.picture);
-        xcb_free_pixmap(m_control, oldest->second.pixmap);
+        freePicture(oldest->second);
         m_pictures.erase(oldest);
     }
     return entry;
 }
 
+void X11KeyRowRenderer::freePicture(const Picture &picture)
+{
+    if (!picture.picture)
+        return;
+    xcb_render_free_picture(m_control, picture.picture);
+    xcb_free_pixmap(m_control, picture.pixmap);
+}
+
 X11KeyRowRenderer::Picture X11KeyRowRenderer::upload(const QImage &source)
 {
-    const QImage image = source.format() == QImage::Format_ARGB32_Premultiplied
-                             ? source
-                             : source.convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    const QImage converted = source.format() == QImage::Format_ARGB32_Premultiplied
+                                 ? source
+                                 : source.convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    // Only the inked part goes to the server: transparent margins (room for shadows and glows
+    // that are not there, or are dropped without a compositor) would be drawn over for nothing.
+    int left = converted.width(), right = -1, top = converted.height(), bottom = -1;
+    for (int y = 0; y < converted.height(); ++y) {
+        const auto *line = reinterpret_cast<const QRgb *>(converted.constScanLine(y));
+        for (int x = 0; x < converted.width(); ++x)
+            if (qAlpha(line[x])) {
+                left = std::min(left, x);
+                right = std::max(right, x);
+                top = std::min(top, y);
+                bottom = std::max(bottom, y);
+            }
+    }
+    Picture result;
+    if (right < 0)
+        return result;
+    result.inked = QRect(QPoint(left, top), QPoint(right, bottom));
+    const QImage image = converted.copy(result.inked);
     const auto width = static_cast<uint16_t>(image.width());
     const auto height = static_cast<uint16_t>(image.height());
-    Picture result;
     result.pixmap = xcb_generate_id(m_control);
     xcb_create_pixmap(m_control, 32, result.pixmap, m_window, width, height);
     const uint32_t gc = xcb_generate_id(m_control);
@@ -687,10 +766,8 @@ void X11KeyRowRenderer::setOpaque(bool opaque)
 
 void X11KeyRowRenderer::forgetPictures()
 {
-    for (const auto &[key, entry] : m_pictures) {
-        xcb_render_free_picture(m_control, entry.picture);
-        xcb_free_pixmap(m_control, entry.pixmap);
-    }
+    for (const auto &[key, entry] : m_pictures)
+        freePicture(entry);
     m_pictures.clear();
     m_pictureBytes = 0;
 }

@@ -18,11 +18,11 @@ struct xcb_connection_t;
 // Draws a key row into its overlay window with the X RENDER extension, and lets the X server
 // time the frames, so that an animation costs the application no wake-up per frame.
 //
-// Each cap's image is uploaded once as a picture; a frame is then a handful of requests that
-// place, scale (nearest-pixel sampling) and fade those pictures into a window-sized picture on
-// the server, which is also the window's background (the server repaints exposures itself), and
-// copy the changed part to the window. Without a compositor the window is shaped to the caps
-// from a 1-bit mask made from the same picture on the server.
+// Each cap's image is uploaded once as a picture (only its inked part); a frame is then a handful
+// of requests that place, scale (nearest-pixel sampling) and fade those pictures into a
+// window-sized picture on the server, which is also the window's background (the server repaints
+// exposures itself), and copy the changed part to the window. Without a compositor the window is
+// shaped to the caps from a 1-bit mask made from the same picture on the server.
 //
 // A scene's frames are worked out ahead, a run of them at a time, and sent at once on a second
 // connection, each held back by a SYNC Await until the server's clock reaches its time. A newer
@@ -47,10 +47,11 @@ private:
         QPointF offset;
         double opacity = -1.0;
     };
-    // A cap image on the server.
+    // A cap image on the server: its inked part (the rest is transparent and not uploaded).
     struct Picture {
         std::uint32_t pixmap = 0;
-        std::uint32_t picture = 0;
+        std::uint32_t picture = 0; // none for an image without ink
+        QRect inked;               // in the image
         qsizetype bytes = 0;
         std::uint64_t lastUse = 0;
     };
@@ -58,9 +59,12 @@ private:
         Picture source;
         bool shared = true; // a cached cap image, as opposed to one of this run only
         std::uint32_t mask = 0;
-        QRect rect;
+        QRect rect; // where the whole image goes
         double sx = 1.0;
         double sy = 1.0;
+        // The pixels of `rect` drawn from the inked part, and the first one's place in `rect`.
+        QRect target;
+        QPoint sourceOrigin;
     };
     struct Frame {
         double time = 0.0;
@@ -91,6 +95,9 @@ private:
     void drawFrameNow(const Frame &frame);
     // A later frame on the timed connection, through the run's objects.
     void queueFrame(const Frame &frame);
+    // Draws a placed cap from `source` (its picture, or a view of it) into `target`.
+    static void composite(xcb_connection_t *c, const Placement &placement, std::uint32_t source,
+                          std::uint32_t target);
     // Frames still waiting on the server draw nothing; the run before is freed.
     void cancelRun();
     void freeRun(Run &run);
@@ -101,6 +108,7 @@ private:
     // The picture of a cap's image, uploaded when new.
     Picture pictureFor(const QImage &image, bool transient);
     Picture upload(const QImage &image);
+    void freePicture(const Picture &picture);
     std::uint32_t opacityMask(double opacity);
     void forgetPictures();
     // Images are uploaded as the window shows them: opaque ones without a compositor.
