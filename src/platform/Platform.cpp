@@ -72,13 +72,19 @@ QtMessageHandler passOnMessage = nullptr;
 bool choseQtPlatform = false;
 bool choseBufferIntegration = false;
 
-// Qt says once that the GL buffer integration it was told not to load is missing.
-void dropBufferIntegrationNotes(QtMsgType type, const QMessageLogContext &context,
-                                const QString &message)
+// Notes Qt's wayland platform prints at every start that say nothing about Vantrel: the GL
+// buffer integration it was told not to load is missing, and the tray (a StatusNotifierItem
+// there) looks for a signal only X11 has.
+void dropWaylandStartNotes(QtMsgType type, const QMessageLogContext &context,
+                           const QString &message)
 {
-    if (type == QtWarningMsg && qstrcmp(context.category, "qt.qpa.wayland") == 0 &&
-        (message.startsWith(u"Failed to load client buffer integration") ||
-         message.startsWith(u"Available client buffer integrations")))
+    const bool known = type == QtWarningMsg &&
+                       ((qstrcmp(context.category, "qt.qpa.wayland") == 0 &&
+                         (message.startsWith(u"Failed to load client buffer integration") ||
+                          message.startsWith(u"Available client buffer integrations"))) ||
+                        (qstrcmp(context.category, "qt.core.qobject.connect") == 0 &&
+                         message.contains(u"QPlatformNativeInterface::systemTrayWindowChanged")));
+    if (known)
         return;
     if (passOnMessage)
         passOnMessage(type, context, message);
@@ -96,12 +102,14 @@ void Platform::prepareQtPlatform()
     }
     // Vantrel's windows paint with QPainter into shared memory. Without this, Qt's wayland
     // platform loads EGL and the GL driver (about 50 MB resident with Mesa) that nothing uses.
-    if (qgetenv("QT_QPA_PLATFORM") == "wayland" &&
-        !qEnvironmentVariableIsSet("QT_WAYLAND_CLIENT_BUFFER_INTEGRATION")) {
+    if (qgetenv("QT_QPA_PLATFORM") != "wayland")
+        return;
+    if (!qEnvironmentVariableIsSet("QT_WAYLAND_CLIENT_BUFFER_INTEGRATION")) {
         qputenv("QT_WAYLAND_CLIENT_BUFFER_INTEGRATION", "none");
         choseBufferIntegration = true;
-        passOnMessage = qInstallMessageHandler(&dropBufferIntegrationNotes);
     }
+    static const QtMessageHandler previous = qInstallMessageHandler(&dropWaylandStartNotes);
+    passOnMessage = previous;
 }
 
 void Platform::qtPlatformStarted()
