@@ -156,7 +156,11 @@ bool VirtualDisplay::startWindowManager()
 
 QString VirtualDisplay::startSessionBus()
 {
+    m_busRuntime = std::make_unique<QTemporaryDir>();
+    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+    env.insert(QStringLiteral("XDG_RUNTIME_DIR"), m_busRuntime->path());
     m_bus = std::make_unique<QProcess>();
+    m_bus->setProcessEnvironment(env);
     m_bus->start(QStringLiteral("dbus-daemon"),
                  {QStringLiteral("--session"), QStringLiteral("--nofork"),
                   QStringLiteral("--print-address=1")});

@@ -6,6 +6,7 @@
 #include <QRect>
 #include <QString>
 #include <QStringList>
+#include <QTemporaryDir>
 #include <QTest>
 
 #include <memory>
@@ -64,6 +65,9 @@ private:
     std::unique_ptr<QProcess> m_compositor;
     std::unique_ptr<QProcess> m_windowManager;
     std::unique_ptr<QProcess> m_bus;
+    // The bus's runtime folder: services it starts (the accessibility bus) keep their sockets
+    // there, apart from those of other tests.
+    std::unique_ptr<QTemporaryDir> m_busRuntime;
 };
 
 template <typename Test> int VirtualDisplay::execTests(int argc, char *argv[])

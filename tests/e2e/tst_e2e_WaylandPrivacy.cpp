@@ -18,7 +18,7 @@ class tst_e2e_WaylandPrivacy final : public QObject {
     Q_OBJECT
 
 private slots:
-    // The password entry has the focus when the window opens: typing shows nothing; in the
+    // The password entry has the focus before Vantrel starts: typing shows nothing; in the
     // ordinary entry every key shows; back in the password entry nothing does.
     void passwordFieldShowsNothing()
     {
@@ -40,15 +40,18 @@ private slots:
         env.remove(QStringLiteral("NO_AT_BRIDGE"));
         SettingsStore(session.settingsPath()).setRawValue(QStringLiteral("showAllKeys"), true);
         session.setSessionBus(bus);
-        QVERIFY2(session.startVantrel(env, &error), qPrintable(error));
 
+        // The window has the focus before Vantrel starts: no focus event will name it.
         QProcess window;
-        env.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), bus);
-        env.insert(QStringLiteral("GDK_BACKEND"), QStringLiteral("wayland"));
-        window.setProcessEnvironment(env);
+        QProcessEnvironment windowEnv = env;
+        windowEnv.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), bus);
+        windowEnv.insert(QStringLiteral("GDK_BACKEND"), QStringLiteral("wayland"));
+        window.setProcessEnvironment(windowEnv);
         window.start(QStringLiteral("/usr/bin/python3"), {QStringLiteral(VANTREL_PASSWORD_WINDOW)});
         QVERIFY(window.waitForReadyRead(10000));
         QTest::qWait(1500); // mapped, focused and known to the accessibility bus
+        QVERIFY2(session.startVantrel(env, &error), qPrintable(error));
+        QTest::qWait(500); // the focused password field found
 
         for (const int key : {KEY_S, KEY_E, KEY_C})
             QVERIFY(session.tap(key));

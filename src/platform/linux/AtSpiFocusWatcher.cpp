@@ -2,21 +2,67 @@
 
 #include "capture/Secrecy.h"
 
+#include <QDBusArgument>
+#include <QDBusObjectPath>
 #include <QDBusPendingCallWatcher>
 #include <QDBusServiceWatcher>
+
+#include <utility>
+#include <vector>
 
 namespace {
 
 const QString launcherService = QStringLiteral("org.a11y.Bus");
 const QString registryService = QStringLiteral("org.a11y.atspi.Registry");
 const QString focusedEvent = QStringLiteral("object:state-changed:focused");
-// AtspiRole's ATSPI_ROLE_PASSWORD_TEXT.
+// AtspiRole's ATSPI_ROLE_PASSWORD_TEXT, AtspiStateType's ATSPI_STATE_FOCUSED and
+// AtspiCollectionMatchType's ATSPI_Collection_MATCH_ALL.
 constexpr uint passwordTextRole = 40;
+constexpr int focusedState = 12;
+constexpr int matchAll = 1;
 
 QString offBecause()
 {
     return AtSpiFocusWatcher::tr("The accessibility bus (AT-SPI) is not running, so password "
                                  "fields cannot be recognised.");
+}
+
+// A Collection match rule, (aiia{ss}iaiiasib): objects with the focus. The role is asked
+// afterwards: with the password role in the rule, GTK's bridge matches nothing.
+QDBusArgument focusedObjectRule()
+{
+    QDBusArgument rule;
+    rule.beginStructure();
+    rule << QList<int>{1 << focusedState, 0} << matchAll << QMap<QString, QString>() << matchAll
+         << QList<int>(4, 0) << matchAll << QStringList() << matchAll << false;
+    rule.endStructure();
+    return rule;
+}
+
+QDBusMessage roleCall(const QString &owner, const QString &object)
+{
+    return QDBusMessage::createMethodCall(
+        owner, object, QStringLiteral("org.a11y.atspi.Accessible"), QStringLiteral("GetRole"));
+}
+
+// The objects of an a(so) answer: bus names and paths.
+std::vector<std::pair<QString, QString>> objects(const QVariant &answer)
+{
+    std::vector<std::pair<QString, QString>> result;
+    const QDBusArgument list = answer.value<QDBusArgument>();
+    if (list.currentSignature() != QLatin1String("a(so)"))
+        return result;
+    list.beginArray();
+    while (!list.atEnd()) {
+        QString owner;
+        QDBusObjectPath path;
+        list.beginStructure();
+        list >> owner >> path;
+        list.endStructure();
+        result.emplace_back(owner, path.path());
+    }
+    list.endArray();
+    return result;
 }
 
 } // namespace
@@ -83,6 +129,7 @@ void AtSpiFocusWatcher::join(const QString &address)
         return;
     }
     m_bus = bus;
+    ++m_joined;
     // Any application, any object; the sender and path name the object.
     bus.connect(QString(), QString(), QStringLiteral("org.a11y.atspi.Event.Object"),
                 QStringLiteral("StateChanged"), this, SLOT(handleStateChanged(QDBusMessage)));
@@ -97,6 +144,61 @@ void AtSpiFocusWatcher::join(const QString &address)
     bus.asyncCall(registration);
     m_secrecy->setProtection(Secrecy::Protection::passwordFields, true,
                              tr("Nothing is shown while a password field has the focus."));
+    findStartingFocus();
+}
+
+void AtSpiFocusWatcher::ask(const QDBusMessage &call,
+                            std::function<void(const QVariantList &)> answer)
+{
+    auto *pending = new QDBusPendingCallWatcher(m_bus->asyncCall(call), this);
+    connect(
+        pending, &QDBusPendingCallWatcher::finished, this,
+        [this, joined = m_joined, answer = std::move(answer)](QDBusPendingCallWatcher *finished) {
+            finished->deleteLater();
+            const QDBusMessage reply = finished->reply();
+            if (m_bus && joined == m_joined && reply.type() == QDBusMessage::ReplyMessage)
+                answer(reply.arguments());
+        });
+}
+
+void AtSpiFocusWatcher::findStartingFocus()
+{
+    // Events only tell of focus that moves: a password field that had the focus before Vantrel
+    // joined the bus is looked for once, in every application that can be asked. An answer
+    // that comes after a focus event is out of date.
+    const quint64 focusEvents = m_focusEvents;
+    const auto current = [this, focusEvents] { return focusEvents == m_focusEvents; };
+    ask(QDBusMessage::createMethodCall(
+            registryService, QStringLiteral("/org/a11y/atspi/accessible/root"),
+            QStringLiteral("org.a11y.atspi.Accessible"), QStringLiteral("GetChildren")),
+        [this, current](const QVariantList &children) {
+            // a(so): each application's name and root object.
+            for (const auto &[owner, root] : objects(children.value(0))) {
+                if (!current())
+                    return;
+                QDBusMessage matches = QDBusMessage::createMethodCall(
+                    owner, root, QStringLiteral("org.a11y.atspi.Collection"),
+                    QStringLiteral("GetMatches"));
+                // Canonical order, at most one match, through the whole tree. Applications
+                // without the Collection interface answer with an error, which says nothing.
+                matches.setArguments({QVariant::fromValue(focusedObjectRule()), 1u, 1, true});
+                ask(matches, [this, current, owner](const QVariantList &found) {
+                    const auto focused = objects(found.value(0));
+                    if (focused.empty() || !current())
+                        return;
+                    const QString object = focused.front().second;
+                    // Only a password field counts: an application may still call an object of
+                    // an inactive window focused.
+                    ask(roleCall(owner, object),
+                        [this, current, owner, object](const QVariantList &role) {
+                            if (current() && role.value(0).toUInt() == passwordTextRole) {
+                                m_secrecy->focusMoved(owner, object);
+                                m_secrecy->focusRoleKnown(owner, object, true);
+                            }
+                        });
+                });
+            }
+        });
 }
 
 void AtSpiFocusWatcher::leave(const QString &why)
@@ -119,6 +221,7 @@ void AtSpiFocusWatcher::handleStateChanged(const QDBusMessage &message)
     const QVariantList arguments = message.arguments();
     if (arguments.value(0).toString() != QLatin1String("focused"))
         return;
+    ++m_focusEvents;
     const QString owner = message.service();
     const QString object = message.path();
     if (arguments.value(1).toInt() == 0) {
@@ -131,18 +234,10 @@ void AtSpiFocusWatcher::handleStateChanged(const QDBusMessage &message)
 
 void AtSpiFocusWatcher::readRole(const QString &owner, const QString &object)
 {
-    const QDBusMessage call = QDBusMessage::createMethodCall(
-        owner, object, QStringLiteral("org.a11y.atspi.Accessible"), QStringLiteral("GetRole"));
-    auto *pending = new QDBusPendingCallWatcher(m_bus->asyncCall(call), this);
-    connect(pending, &QDBusPendingCallWatcher::finished, this,
-            [this, owner, object](QDBusPendingCallWatcher *finished) {
-                finished->deleteLater();
-                const QDBusMessage reply = finished->reply();
-                // No answer: the focus stays hidden until it moves or the application goes.
-                if (reply.type() == QDBusMessage::ReplyMessage)
-                    m_secrecy->focusRoleKnown(
-                        owner, object, reply.arguments().value(0).toUInt() == passwordTextRole);
-            });
+    // No answer: the focus stays hidden until it moves or the application goes.
+    ask(roleCall(owner, object), [this, owner, object](const QVariantList &role) {
+        m_secrecy->focusRoleKnown(owner, object, role.value(0).toUInt() == passwordTextRole);
+    });
 }
 
 void AtSpiFocusWatcher::handleNameOwnerChanged(const QString &name, const QString &,
