@@ -1,13 +1,12 @@
 // Whole-program test of the Appearance tab: the real vantrel on a private X server with a window
 // manager and a compositor, its settings window driven with xdotool, the overlay read back.
-#include "VirtualDisplay.h"
+#include "X11Session.h"
 #include "settings/AppSettings.h"
 #include "settings/SettingsStore.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QTemporaryDir>
 #include <QTest>
 
 #include <functional>
@@ -64,67 +63,21 @@ QList<QRect> bands(const QImage &screen, const QRect &area, const PixelTest &tes
 class tst_e2e_Appearance final : public QObject {
     Q_OBJECT
 
-    std::unique_ptr<VirtualDisplay> m_display;
-    QTemporaryDir m_config;
-    std::unique_ptr<QProcess> m_vantrel;
-    QProcessEnvironment m_env;
+    std::unique_ptr<X11Session> m_session;
 
     // Where the settings window can be (the overlay's row shows below it).
     static QRect windowArea() { return {0, 0, 3840, 880}; }
     static QRect keyRowArea() { return {0, 920, 1920, 160}; }
 
-    bool xdotool(const QString &arguments) const
-    {
-        return m_display->xdotool(arguments.split(u' '));
-    }
+    QImage grab(const QString &name) const { return m_session->display().grab(name); }
 
-    QImage grab(const QString &name) const { return m_display->grab(name); }
-
-    SettingsStore settings() const
-    {
-        return SettingsStore(m_config.filePath(QStringLiteral("Vantrel/Vantrel.conf")));
-    }
-
-    void startVantrel()
-    {
-        m_vantrel = std::make_unique<QProcess>();
-        m_vantrel->setProcessEnvironment(m_env);
-        m_vantrel->setProcessChannelMode(QProcess::MergedChannels);
-        m_vantrel->start(QStringLiteral(VANTREL_BINARY), {});
-        QByteArray said;
-        QTRY_VERIFY2_WITH_TIMEOUT((said += m_vantrel->readAll()).contains("showing pressed keys"),
-                                  said.constData(), 10000);
-    }
-
-    void stopVantrel()
-    {
-        if (!m_vantrel)
-            return;
-        m_vantrel->terminate();
-        QVERIFY(m_vantrel->waitForFinished(5000));
-        const QByteArray output = m_vantrel->readAll();
-        // Key labels never reach the terminal.
-        QVERIFY2(!output.contains("⌃") && !output.contains("K\n"), output.constData());
-        m_vantrel.reset();
-    }
+    SettingsStore settings() const { return SettingsStore(m_session->settingsPath()); }
 
     // Opens the settings window from the command line and switches to its second tab.
     void openAppearanceTab()
     {
-        QProcess call;
-        call.setProcessEnvironment(m_env);
-        call.start(QStringLiteral(VANTREL_BINARY), {QStringLiteral("--settings")});
-        QVERIFY(call.waitForFinished(10000) && call.exitCode() == 0);
-        // Tried until the window manager, busy on a loaded machine, activates it.
-        QTRY_VERIFY_WITH_TIMEOUT(
-            m_display->run(QStringLiteral("xdotool"),
-                           {QStringLiteral("search"), QStringLiteral("--sync"),
-                            QStringLiteral("--onlyvisible"), QStringLiteral("--name"),
-                            QStringLiteral("Vantrel Settings"), QStringLiteral("windowactivate"),
-                            QStringLiteral("--sync")}),
-            15000);
-        QTest::qWait(300);
-        QVERIFY(xdotool(QStringLiteral("key ctrl+Tab")));
+        QVERIFY(m_session->openSettingsWindow());
+        QVERIFY(m_session->xdotool(QStringLiteral("key ctrl+Tab")));
         // Let the keys of the tab switch leave the overlay.
         QTest::qWait(2200);
     }
@@ -137,46 +90,37 @@ class tst_e2e_Appearance final : public QObject {
 
     void click(const QPoint &point)
     {
-        QVERIFY(xdotool(QStringLiteral("mousemove %1 %2 click 1").arg(point.x()).arg(point.y())));
+        QVERIFY(m_session->xdotool(
+            QStringLiteral("mousemove %1 %2 click 1").arg(point.x()).arg(point.y())));
         QTest::qWait(400);
     }
 
 private slots:
     void init()
     {
-        m_display = std::make_unique<VirtualDisplay>();
+        // A window manager, so that the settings window and its sheet take the keyboard; Vantrel
+        // is reached over a session bus of the test's own.
+        m_session = std::make_unique<X11Session>();
         QString error;
-        QVERIFY2(m_display->start(&error), qPrintable(error));
-        m_display->run(QStringLiteral("xsetroot"),
-                       {QStringLiteral("-solid"), QStringLiteral("#204060")});
-        QVERIFY(m_display->startCompositor());
-        // A window manager, so that the settings window and its sheet take the keyboard.
-        QVERIFY(m_display->startWindowManager());
-        // Vantrel is reached over a session bus of the test's own.
-        const QString bus = m_display->startSessionBus();
-        QVERIFY(!bus.isEmpty());
-        m_env = m_display->environment();
-        m_env.insert(QStringLiteral("XDG_CONFIG_HOME"), m_config.path());
-        m_env.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), bus);
-        QTest::qWait(500);
+        QVERIFY2(m_session->start({.compositor = true, .windowManager = true, .sessionBus = true},
+                                  &error),
+                 qPrintable(error));
     }
 
     void cleanup()
     {
-        stopVantrel();
-        m_display.reset();
-        QFile::remove(m_config.filePath(QStringLiteral("Vantrel/Vantrel.conf")));
+        m_session->stopVantrel();
+        m_session.reset();
     }
 
     void neonTileDrawsKeysInNeon()
     {
-        startVantrel();
+        QVERIFY(m_session->startVantrel());
         openAppearanceTab();
 
         // The first look draws no magenta.
-        QVERIFY(xdotool(QStringLiteral("key ctrl+k")));
-        QTest::qWait(500);
-        QCOMPARE(count(grab(QStringLiteral("modern-keys")), keyRowArea(), isMagenta), 0);
+        const QImage modern = m_session->pressAndGrab(u"ctrl+k"_qs, 500, u"modern-keys"_qs);
+        QCOMPARE(count(modern, keyRowArea(), isMagenta), 0);
         QTest::qWait(1800);
 
         const QList<QRect> tiles = neonTiles(QStringLiteral("tab"));
@@ -184,9 +128,7 @@ private slots:
         click(tiles.first().center());
         QCOMPARE(settings().value(AppSettings::keyStyle), AppSettings::KeyStyle::neon);
 
-        QVERIFY(xdotool(QStringLiteral("key ctrl+k")));
-        QTest::qWait(600);
-        const QImage keys = grab(QStringLiteral("neon-keys"));
+        const QImage keys = m_session->pressAndGrab(u"ctrl+k"_qs, 600, u"neon-keys"_qs);
         // Magenta labels and borders on near-black caps.
         QVERIFY(count(keys, keyRowArea(), isMagenta) > 100);
         QVERIFY(count(keys, keyRowArea(), [](QRgb p) {
@@ -196,17 +138,17 @@ private slots:
 
     void savedPresetSurvivesRestart()
     {
-        startVantrel();
+        QVERIFY(m_session->startVantrel());
         openAppearanceTab();
         const QList<QRect> tiles = neonTiles(QStringLiteral("tab"));
         QCOMPARE(tiles.size(), 1);
         click(tiles.first().center());
 
         // From the neon tile the keyboard moves on to "New Preset".
-        QVERIFY(xdotool(QStringLiteral("key Tab space")));
+        QVERIFY(m_session->xdotool(QStringLiteral("key Tab space")));
         QTest::qWait(600);
-        QVERIFY(xdotool(QStringLiteral("type Mine")));
-        QVERIFY(xdotool(QStringLiteral("key Return")));
+        QVERIFY(m_session->xdotool(QStringLiteral("type Mine")));
+        QVERIFY(m_session->xdotool(QStringLiteral("key Return")));
         QTest::qWait(600);
 
         const QJsonArray presets =
@@ -216,8 +158,8 @@ private slots:
         QCOMPARE(settings().value(AppSettings::selectedCustomPresetID),
                  presets[0][QStringLiteral("id")].toString().toUpper());
 
-        stopVantrel();
-        startVantrel();
+        m_session->stopVantrel();
+        QVERIFY(m_session->startVantrel());
         openAppearanceTab();
         const QImage screen = grab(QStringLiteral("after-restart"));
         const QList<QRect> after = bands(screen, windowArea(), isMagenta);

@@ -1,15 +1,12 @@
 // Whole-program tests: the real vantrel binary on a private two-monitor X server, keys pressed
 // with xdotool, and what a user would see read back from the screen.
-#include "CapFinder.h"
-#include "VirtualDisplay.h"
+#include "X11Session.h"
 #include "settings/AppSettings.h"
 #include "settings/SettingsStore.h"
 
-#include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QTemporaryDir>
 #include <QTest>
 
 #include <xcb/xcb.h>
@@ -19,107 +16,24 @@
 
 namespace {
 
-const QRgb desktopColor = qRgb(0x20, 0x40, 0x60);
-
+const QRgb desktopColor = X11Session::desktopColor;
+const QRect leftBand = X11Session::bottomBand(VirtualDisplay::leftMonitor());
+const QRect rightBand = X11Session::bottomBand(VirtualDisplay::rightMonitor());
 using CapFinder::differs;
-
-QList<QRect> findCaps(const QImage &screen, const QRect &area, QRgb background = desktopColor)
-{
-    return CapFinder::findCaps(screen, area, background);
-}
-
-int changedPixels(const QImage &screen, const QRect &area)
-{
-    int count = 0;
-    for (int y = area.top(); y <= area.bottom(); ++y)
-        for (int x = area.left(); x <= area.right(); ++x)
-            count += differs(screen.pixel(x, y), desktopColor) ? 1 : 0;
-    return count;
-}
 
 } // namespace
 
 class tst_e2e_Overlay final : public QObject {
     Q_OBJECT
 
-    std::unique_ptr<VirtualDisplay> m_display;
-    std::unique_ptr<QTemporaryDir> m_config;
-    std::unique_ptr<QProcess> m_vantrel;
-
-    QString settingsPath() const
-    {
-        return m_config->filePath(QStringLiteral("Vantrel/Vantrel.conf"));
-    }
-
-    void writeSettings(const QVariantMap &values)
-    {
-        SettingsStore settings(settingsPath());
-        for (auto it = values.cbegin(); it != values.cend(); ++it)
-            settings.setRawValue(it.key(), it.value());
-    }
-
-    bool startVantrel()
-    {
-        m_vantrel = std::make_unique<QProcess>();
-        QProcessEnvironment env = m_display->environment();
-        env.insert(QStringLiteral("XDG_CONFIG_HOME"), m_config->path());
-        m_vantrel->setProcessEnvironment(env);
-        m_vantrel->setProcessChannelMode(QProcess::SeparateChannels);
-        m_vantrel->start(QStringLiteral(VANTREL_BINARY), {});
-        if (!m_vantrel->waitForStarted(5000))
-            return false;
-        // It says when it listens; then give the windows a moment to map.
-        QElapsedTimer timer;
-        timer.start();
-        while (timer.elapsed() < 10000) {
-            m_vantrel->waitForReadyRead(100);
-            if (m_vantrel->readAllStandardOutput().contains("showing pressed keys")) {
-                QTest::qWait(300);
-                return true;
-            }
-            if (m_vantrel->state() != QProcess::Running)
-                return false;
-        }
-        return false;
-    }
-
-    // Quits vantrel as a user would (SIGTERM) and checks it exits cleanly.
-    void stopVantrel()
-    {
-        if (!m_vantrel)
-            return;
-        if (m_vantrel->state() == QProcess::Running) {
-            m_vantrel->terminate();
-            QVERIFY2(m_vantrel->waitForFinished(5000), "vantrel did not quit on SIGTERM");
-            QCOMPARE(m_vantrel->exitStatus(), QProcess::NormalExit);
-            QCOMPARE(m_vantrel->exitCode(), 0);
-        }
-        const QByteArray output =
-            m_vantrel->readAllStandardOutput() + m_vantrel->readAllStandardError();
-        m_vantrel.reset();
-        // Key labels never reach the terminal.
-        QVERIFY2(!output.contains("⌃") && !output.contains("K\n"), output.constData());
-    }
-
-    QRect bottomBand(const QRect &monitor) const
-    {
-        return {monitor.left(), monitor.bottom() - 140, monitor.width(), 140};
-    }
-
-    QImage pressAndGrab(const QStringList &keys, int waitMs = 500)
-    {
-        for (const QString &key : keys)
-            m_display->xdotool({QStringLiteral("key"), key});
-        QTest::qWait(waitMs);
-        return m_display->grab();
-    }
+    std::unique_ptr<X11Session> m_session;
 
     // Runs vantrel once so that it records the connected displays, then enables all of them.
     void enableAllDisplays()
     {
-        QVERIFY(startVantrel());
-        stopVantrel();
-        SettingsStore settings(settingsPath());
+        QVERIFY(m_session->startVantrel());
+        m_session->stopVantrel();
+        SettingsStore settings(m_session->settingsPath());
         QJsonArray displays =
             QJsonDocument::fromJson(settings.value(AppSettings::displayConfigurations)).array();
         QCOMPARE(displays.size(), 2);
@@ -135,19 +49,15 @@ class tst_e2e_Overlay final : public QObject {
 private slots:
     void init()
     {
-        m_display = std::make_unique<VirtualDisplay>();
+        m_session = std::make_unique<X11Session>();
         QString error;
-        QVERIFY2(m_display->start(&error), qPrintable(error));
-        m_display->run(QStringLiteral("xsetroot"),
-                       {QStringLiteral("-solid"), QStringLiteral("#204060")});
-        m_config = std::make_unique<QTemporaryDir>();
+        QVERIFY2(m_session->start({}, &error), qPrintable(error));
     }
 
     void cleanup()
     {
-        stopVantrel();
-        m_display.reset();
-        m_config.reset();
+        m_session->stopVantrel();
+        m_session.reset();
     }
 
     void commandLine_data()
@@ -176,7 +86,7 @@ private slots:
         QProcess process;
         QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
         env.insert(QStringLiteral("DISPLAY"), display);
-        env.insert(QStringLiteral("XDG_CONFIG_HOME"), m_config->path());
+        env.insert(QStringLiteral("XDG_CONFIG_HOME"), m_session->configPath());
         process.setProcessEnvironment(env);
         process.start(QStringLiteral(VANTREL_BINARY), arguments);
         QVERIFY(process.waitForFinished(10000));
@@ -191,9 +101,9 @@ private slots:
     // stops, without a core dump.
     void duplicateDisplayRecordsStopWithOneClearLine()
     {
-        QVERIFY(startVantrel());
-        stopVantrel();
-        SettingsStore settings(settingsPath());
+        QVERIFY(m_session->startVantrel());
+        m_session->stopVantrel();
+        SettingsStore settings(m_session->settingsPath());
         QJsonArray displays =
             QJsonDocument::fromJson(settings.value(AppSettings::displayConfigurations)).array();
         QVERIFY(!displays.isEmpty());
@@ -202,21 +112,15 @@ private slots:
                           QJsonDocument(displays).toJson(QJsonDocument::Compact));
         const QString id = QString::number(displays.first()[QStringLiteral("id")].toInteger());
 
-        QProcess process;
-        QProcessEnvironment env = m_display->environment();
-        env.insert(QStringLiteral("XDG_CONFIG_HOME"), m_config->path());
-        env.insert(QStringLiteral("XDG_RUNTIME_DIR"), m_config->path()); // Qt warns without one
-        process.setProcessEnvironment(env);
-        process.start(QStringLiteral(VANTREL_BINARY), {});
-        QVERIFY(process.waitForFinished(10000));
-        QCOMPARE(process.exitStatus(), QProcess::NormalExit);
-        QCOMPARE(process.exitCode(), 1);
+        // Qt warns without a runtime folder.
+        m_session->environment().insert(QStringLiteral("XDG_RUNTIME_DIR"), m_session->configPath());
+        const auto [exitCode, text] = m_session->runVantrel({});
+        QCOMPARE(exitCode, 1);
         // One line says it all (a session without D-Bus adds a note of its own before it).
-        const QString text = QString::fromUtf8(process.readAllStandardError());
         const QStringList lines = text.split(u'\n', Qt::SkipEmptyParts)
                                       .filter(QStringLiteral("\"displayConfigurations\""));
         QVERIFY2(lines.size() == 1, qPrintable(text));
-        for (const QString &part : {settingsPath(), id})
+        for (const QString &part : {m_session->settingsPath(), id})
             QVERIFY2(lines.first().contains(part), qPrintable(text));
     }
 
@@ -224,9 +128,9 @@ private slots:
     // monitor's bottom edge, the desktop visible around and between them, nothing elsewhere.
     void shortcutShowsTwoCapsBottomCentreOfPrimaryOnly()
     {
-        QVERIFY(startVantrel());
-        const QImage screen = pressAndGrab({QStringLiteral("ctrl+k")});
-        const QList<QRect> caps = findCaps(screen, bottomBand(VirtualDisplay::leftMonitor()));
+        QVERIFY(m_session->startVantrel());
+        const QImage screen = m_session->pressAndGrab(QStringLiteral("ctrl+k"));
+        const QList<QRect> caps = X11Session::findCaps(screen, leftBand);
         QCOMPARE(caps.size(), 2);
         const int rowCentre = (caps.first().left() + caps.last().right()) / 2;
         QVERIFY2(qAbs(rowCentre - 960) <= 3, qPrintable(QString::number(rowCentre)));
@@ -234,7 +138,7 @@ private slots:
             QVERIFY2(qAbs(cap.height() - 64) <= 4, qPrintable(QString::number(cap.height())));
             QVERIFY(qAbs(cap.bottom() - (1080 - 20)) <= 4);
         }
-        QCOMPARE(changedPixels(screen, VirtualDisplay::rightMonitor()), 0);
+        QCOMPARE(X11Session::changedPixels(screen, VirtualDisplay::rightMonitor()), 0);
         const QRect row = caps.first().united(caps.last()).adjusted(-8, -8, 8, 8);
         int outside = 0;
         for (int y = 0; y < 1080; y += 4)
@@ -257,32 +161,32 @@ private slots:
     {
         QFETCH(bool, showAllKeys);
         QFETCH(int, expectedCaps);
-        writeSettings({{QStringLiteral("showAllKeys"), showAllKeys}});
-        QVERIFY(startVantrel());
-        const QImage screen = pressAndGrab({QStringLiteral("k")});
-        QCOMPARE(findCaps(screen, bottomBand(VirtualDisplay::leftMonitor())).size(), expectedCaps);
+        m_session->writeSettings({{QStringLiteral("showAllKeys"), showAllKeys}});
+        QVERIFY(m_session->startVantrel());
+        const QImage screen = m_session->pressAndGrab(QStringLiteral("k"));
+        QCOMPARE(X11Session::findCaps(screen, leftBand).size(), expectedCaps);
     }
 
     void capsLeaveAfterTheirDuration()
     {
-        writeSettings({{QStringLiteral("keyDisplayDuration"), 0.6}});
-        QVERIFY(startVantrel());
-        QImage screen = pressAndGrab({QStringLiteral("ctrl+k")}, 300);
-        QCOMPARE(findCaps(screen, bottomBand(VirtualDisplay::leftMonitor())).size(), 2);
+        m_session->writeSettings({{QStringLiteral("keyDisplayDuration"), 0.6}});
+        QVERIFY(m_session->startVantrel());
+        QImage screen = m_session->pressAndGrab(QStringLiteral("ctrl+k"), 300);
+        QCOMPARE(X11Session::findCaps(screen, leftBand).size(), 2);
         // Gone after the duration, the sweep and the removal animation.
         QTest::qWait(600 + 100 + 400);
-        screen = m_display->grab();
-        QCOMPARE(changedPixels(screen, QRect(0, 0, 3840, 1080)), 0);
+        screen = m_session->display().grab();
+        QCOMPARE(X11Session::changedPixels(screen, QRect(0, 0, 3840, 1080)), 0);
     }
 
     void topRightPlacesTheRowInThatCorner()
     {
         // The former global position seeds the displays' positions on first start.
-        writeSettings({{QStringLiteral("keyPosition"), QStringLiteral("Top Right")}});
-        QVERIFY(startVantrel());
-        const QImage screen = pressAndGrab({QStringLiteral("ctrl+k")});
-        QCOMPARE(findCaps(screen, bottomBand(VirtualDisplay::leftMonitor())).size(), 0);
-        const QList<QRect> caps = findCaps(screen, QRect(960, 0, 960, 140));
+        m_session->writeSettings({{QStringLiteral("keyPosition"), QStringLiteral("Top Right")}});
+        QVERIFY(m_session->startVantrel());
+        const QImage screen = m_session->pressAndGrab(QStringLiteral("ctrl+k"));
+        QCOMPARE(X11Session::findCaps(screen, leftBand).size(), 0);
+        const QList<QRect> caps = X11Session::findCaps(screen, QRect(960, 0, 960, 140));
         QCOMPARE(caps.size(), 2);
         QVERIFY2(qAbs(caps.last().right() - (1920 - 1 - 40)) <= 4,
                  qPrintable(QString::number(caps.last().right())));
@@ -292,11 +196,12 @@ private slots:
 
     void clicksReachTheWindowBelow()
     {
-        writeSettings({{QStringLiteral("showMouseClicks"), true}});
-        QVERIFY(startVantrel());
+        m_session->writeSettings({{QStringLiteral("showMouseClicks"), true}});
+        QVERIFY(m_session->startVantrel());
 
         // A plain X window under where the caps appear, listening for button presses.
-        xcb_connection_t *c = xcb_connect(m_display->displayName().toLatin1().constData(), nullptr);
+        xcb_connection_t *c =
+            xcb_connect(m_session->display().displayName().toLatin1().constData(), nullptr);
         QVERIFY(!xcb_connection_has_error(c));
         const xcb_screen_t *screen = xcb_setup_roots_iterator(xcb_get_setup(c)).data;
         const xcb_window_t window = xcb_generate_id(c);
@@ -308,10 +213,9 @@ private slots:
         xcb_flush(c);
         QTest::qWait(300);
         // The overlays stay above it.
-        m_display->xdotool({QStringLiteral("key"), QStringLiteral("ctrl+k")});
+        m_session->xdotool(QStringLiteral("key ctrl+k"));
         QTest::qWait(100);
-        m_display->xdotool({QStringLiteral("mousemove"), QStringLiteral("960"),
-                            QStringLiteral("1020"), QStringLiteral("click"), QStringLiteral("1")});
+        m_session->xdotool(QStringLiteral("mousemove 960 1020 click 1"));
         QTest::qWait(300);
         int presses = 0;
         while (xcb_generic_event_t *event = xcb_poll_for_event(c)) {
@@ -335,18 +239,18 @@ private slots:
     {
         QFETCH(double, opacity);
         QFETCH(bool, compositorStartsLater);
-        writeSettings({{QStringLiteral("keyOpacity"), opacity}});
+        m_session->writeSettings({{QStringLiteral("keyOpacity"), opacity}});
         if (!compositorStartsLater)
-            QVERIFY(m_display->startCompositor());
-        QVERIFY(startVantrel());
+            QVERIFY(m_session->display().startCompositor());
+        QVERIFY(m_session->startVantrel());
         if (compositorStartsLater) {
-            QVERIFY(m_display->startCompositor());
+            QVERIFY(m_session->display().startCompositor());
             QTest::qWait(300);
         }
-        QImage screen = pressAndGrab({QStringLiteral("ctrl+k")}, 800);
+        QImage screen = m_session->pressAndGrab(QStringLiteral("ctrl+k"), 800);
         // The compositor paints its own background; the caps stand out from it.
         const QRgb background = screen.pixel(5, 5);
-        QList<QRect> caps = findCaps(screen, bottomBand(VirtualDisplay::leftMonitor()), background);
+        QList<QRect> caps = X11Session::findCaps(screen, leftBand, background);
         QCOMPARE(caps.size(), 2);
         // A point inside the first cap, above its label: the white fill over the background.
         const QRgb inside = screen.pixel(caps.first().center().x(), caps.first().top() + 8);
@@ -357,10 +261,10 @@ private slots:
             return;
 
         // Without the compositor again: opaque caps, the desktop visible around them.
-        m_display->stopCompositor();
+        m_session->display().stopCompositor();
         QTest::qWait(2500); // the caps expire
-        screen = pressAndGrab({QStringLiteral("alt+j")});
-        caps = findCaps(screen, bottomBand(VirtualDisplay::leftMonitor()));
+        screen = m_session->pressAndGrab(QStringLiteral("alt+j"));
+        caps = X11Session::findCaps(screen, leftBand);
         QCOMPARE(caps.size(), 2);
         QCOMPARE(qRed(screen.pixel(caps.first().center().x(), caps.first().top() + 8)), 255);
         QCOMPARE(screen.pixel(caps.first().left() - 12, caps.first().center().y()), desktopColor);
@@ -370,25 +274,25 @@ private slots:
     void monitorRemovedAndAddedAtRunTime()
     {
         enableAllDisplays();
-        QVERIFY(startVantrel());
-        QImage screen = pressAndGrab({QStringLiteral("ctrl+k")});
-        QCOMPARE(findCaps(screen, bottomBand(VirtualDisplay::leftMonitor())).size(), 2);
-        QCOMPARE(findCaps(screen, bottomBand(VirtualDisplay::rightMonitor())).size(), 2);
+        QVERIFY(m_session->startVantrel());
+        QImage screen = m_session->pressAndGrab(QStringLiteral("ctrl+k"));
+        QCOMPARE(X11Session::findCaps(screen, leftBand).size(), 2);
+        QCOMPARE(X11Session::findCaps(screen, rightBand).size(), 2);
         QTest::qWait(2500); // let the caps expire
 
-        QVERIFY(m_display->removeRightMonitor());
+        QVERIFY(m_session->display().removeRightMonitor());
         QTest::qWait(500);
-        screen = pressAndGrab({QStringLiteral("alt+j")});
-        QCOMPARE(findCaps(screen, bottomBand(VirtualDisplay::leftMonitor())).size(), 2);
-        QVERIFY(m_vantrel->state() == QProcess::Running);
+        screen = m_session->pressAndGrab(QStringLiteral("alt+j"));
+        QCOMPARE(X11Session::findCaps(screen, leftBand).size(), 2);
+        QVERIFY(m_session->vantrel().state() == QProcess::Running);
         QTest::qWait(2500);
 
-        QVERIFY(m_display->addRightMonitor());
+        QVERIFY(m_session->display().addRightMonitor());
         QTest::qWait(500);
-        screen = pressAndGrab({QStringLiteral("ctrl+k")});
-        QVERIFY(m_vantrel->state() == QProcess::Running);
-        QCOMPARE(findCaps(screen, bottomBand(VirtualDisplay::leftMonitor())).size(), 2);
-        QCOMPARE(findCaps(screen, bottomBand(VirtualDisplay::rightMonitor())).size(), 2);
+        screen = m_session->pressAndGrab(QStringLiteral("ctrl+k"));
+        QVERIFY(m_session->vantrel().state() == QProcess::Running);
+        QCOMPARE(X11Session::findCaps(screen, leftBand).size(), 2);
+        QCOMPARE(X11Session::findCaps(screen, rightBand).size(), 2);
     }
 };
 

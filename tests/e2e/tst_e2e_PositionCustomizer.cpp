@@ -1,13 +1,12 @@
 // Whole-program test of the position customizer: the real vantrel on a private two-monitor X
 // server, opened from the command line, the sample cap dragged with xdotool.
-#include "VirtualDisplay.h"
+#include "X11Session.h"
 #include "settings/AppSettings.h"
 #include "settings/SettingsStore.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QTemporaryDir>
 #include <QTest>
 
 #include <xcb/xcb.h>
@@ -16,7 +15,7 @@
 
 namespace {
 
-const QRgb desktopColor = qRgb(0x20, 0x40, 0x60);
+const QRgb desktopColor = X11Session::desktopColor;
 const QRgb dimmedColor = qRgb(0x20 * 6 / 10, 0x40 * 6 / 10, 0x60 * 6 / 10); // black at 0.4 over it
 
 bool near(QRgb a, QRgb b, int tolerance)
@@ -41,24 +40,14 @@ QPoint changedCentre(const QImage &screen, const QRect &area, QRgb background)
 class tst_e2e_PositionCustomizer final : public QObject {
     Q_OBJECT
 
-    std::unique_ptr<VirtualDisplay> m_display;
-    QTemporaryDir m_config;
-    std::unique_ptr<QProcess> m_vantrel;
+    std::unique_ptr<X11Session> m_session;
     xcb_connection_t *m_desktop = nullptr;
-    QProcessEnvironment m_env;
-
-    bool xdotool(const QString &arguments) const
-    {
-        return m_display->xdotool(arguments.split(u' '));
-    }
-
-    QImage grab(const QString &name) const { return m_display->grab(name); }
 
     // A plain window over both monitors stands for the desktop: unlike the root window it
     // shows the same colour with and without a compositing manager.
     void showDesktop()
     {
-        m_desktop = xcb_connect(m_display->displayName().toLatin1().constData(), nullptr);
+        m_desktop = xcb_connect(m_session->display().displayName().toLatin1().constData(), nullptr);
         const xcb_screen_t *screen = xcb_setup_roots_iterator(xcb_get_setup(m_desktop)).data;
         const xcb_window_t window = xcb_generate_id(m_desktop);
         const uint32_t background = desktopColor & 0xffffff;
@@ -73,29 +62,18 @@ class tst_e2e_PositionCustomizer final : public QObject {
 private slots:
     void init()
     {
-        m_display = std::make_unique<VirtualDisplay>();
-        QString error;
-        QVERIFY2(m_display->start(&error), qPrintable(error));
         // Vantrel is reached over a session bus of the test's own.
-        const QString bus = m_display->startSessionBus();
-        QVERIFY(!bus.isEmpty());
-        m_env = m_display->environment();
-        m_env.insert(QStringLiteral("XDG_CONFIG_HOME"), m_config.path());
-        m_env.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), bus);
+        m_session = std::make_unique<X11Session>();
+        QString error;
+        QVERIFY2(m_session->start({.sessionBus = true}, &error), qPrintable(error));
     }
 
     void cleanup()
     {
-        if (m_vantrel) {
-            m_vantrel->terminate();
-            QVERIFY(m_vantrel->waitForFinished(5000));
-            const QByteArray output = m_vantrel->readAll() + m_vantrel->readAllStandardError();
-            QVERIFY2(!output.contains("⌃") && !output.contains("K\n"), output.constData());
-            m_vantrel.reset();
-        }
+        m_session->stopVantrel();
         xcb_disconnect(m_desktop);
-        m_display.reset();
-        QFile::remove(m_config.filePath(QStringLiteral("Vantrel/Vantrel.conf")));
+        m_desktop = nullptr;
+        m_session.reset();
     }
 
     void dragToUpperLeft_data()
@@ -108,25 +86,17 @@ private slots:
     {
         QFETCH(bool, compositor);
         if (compositor)
-            QVERIFY(m_display->startCompositor());
+            QVERIFY(m_session->display().startCompositor());
         showDesktop();
-        m_vantrel = std::make_unique<QProcess>();
-        m_vantrel->setProcessEnvironment(m_env);
-        m_vantrel->start(QStringLiteral(VANTREL_BINARY), {});
-        QByteArray said;
-        QTRY_VERIFY_WITH_TIMEOUT((said += m_vantrel->readAll()).contains("showing pressed keys"),
-                                 10000);
+        QVERIFY(m_session->startVantrel());
 
         // Opens on the monitor under the pointer.
-        QVERIFY(xdotool(QStringLiteral("mousemove 1500 500")));
-        QProcess call;
-        call.setProcessEnvironment(m_env);
-        call.start(QStringLiteral(VANTREL_BINARY), {QStringLiteral("--position-customizer")});
-        QVERIFY(call.waitForFinished(10000) && call.exitCode() == 0);
+        QVERIFY(m_session->xdotool(QStringLiteral("mousemove 1500 500")));
+        QCOMPARE(m_session->runVantrel({QStringLiteral("--position-customizer")}).first, 0);
         QTest::qWait(800);
         const QString suffix =
             compositor ? QStringLiteral("-composited") : QStringLiteral("-plain");
-        const QImage open = grab(u"customizer" + suffix);
+        const QImage open = m_session->display().grab(u"customizer" + suffix);
         // The desktop shows through, dimmed; the other monitor is untouched.
         QVERIFY2(near(open.pixel(1500, 500), dimmedColor, 4),
                  qPrintable(QColor(open.pixel(1500, 500)).name()));
@@ -137,15 +107,16 @@ private slots:
                  qPrintable(QString::number(cap.y())));
 
         // Drag it up to the left, let go, then click anywhere to save.
-        QVERIFY(xdotool(QStringLiteral("mousemove %1 %2 mousedown 1").arg(cap.x()).arg(cap.y())));
+        QVERIFY(m_session->xdotool(
+            QStringLiteral("mousemove %1 %2 mousedown 1").arg(cap.x()).arg(cap.y())));
         for (const char *step : {"mousemove 700 600", "mousemove 400 300", "mousemove 240 150"})
-            QVERIFY(xdotool(QString::fromLatin1(step)));
-        QVERIFY(xdotool(QStringLiteral("mouseup 1")));
+            QVERIFY(m_session->xdotool(QString::fromLatin1(step)));
+        QVERIFY(m_session->xdotool(QStringLiteral("mouseup 1")));
         QTest::qWait(200);
-        QVERIFY(xdotool(QStringLiteral("mousemove 1200 600 click 1")));
+        QVERIFY(m_session->xdotool(QStringLiteral("mousemove 1200 600 click 1")));
         QTest::qWait(500);
 
-        const SettingsStore settings(m_config.filePath(QStringLiteral("Vantrel/Vantrel.conf")));
+        const SettingsStore settings(m_session->settingsPath());
         QJsonObject left;
         for (const QJsonValue record :
              QJsonDocument::fromJson(settings.value(AppSettings::displayConfigurations)).array())
@@ -156,9 +127,9 @@ private slots:
         QVERIFY(qAbs(left[QStringLiteral("customOffsetY")].toDouble() * 1080 - 150) <= 1.0);
 
         // The customizer is gone and keys show centred where the sample was left.
-        QVERIFY(xdotool(QStringLiteral("key ctrl+k")));
+        QVERIFY(m_session->xdotool(QStringLiteral("key ctrl+k")));
         QTest::qWait(600);
-        const QImage keys = grab(u"keys" + suffix);
+        const QImage keys = m_session->display().grab(u"keys" + suffix);
         QCOMPARE(keys.pixel(1500, 500), desktopColor);
         const QPoint row = changedCentre(keys, QRect(0, 0, 960, 540), desktopColor);
         QVERIFY2((row - QPoint(240, 150)).manhattanLength() <= 6,

@@ -5,6 +5,7 @@
 #include "platform/linux/ScreenSaverLockWatcher.h"
 #include "platform/x11/X11ScreenSaverWatcher.h"
 
+#include "FakeLocker.h"
 #include "VirtualDisplay.h"
 
 #include <QDBusConnection>
@@ -68,21 +69,6 @@ public:
     }
 };
 
-// A screen locker on one of the two interfaces.
-class FakeLocker final : public QObject {
-    Q_OBJECT
-    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.ScreenSaver")
-
-public:
-    bool m_active = true;
-
-public slots:
-    bool GetActive() const { return m_active; }
-
-signals:
-    void ActiveChanged(bool active);
-};
-
 class tst_LockWatchers final : public QObject {
     Q_OBJECT
 
@@ -140,11 +126,8 @@ private slots:
         const QString address = busOwner.startSessionBus();
         QVERIFY2(!address.isEmpty(), "dbus-daemon did not start");
         QDBusConnection lockerBus = privateConnection(address);
-        FakeLocker locker;
-        QVERIFY(lockerBus.registerObject(QStringLiteral("/org/freedesktop/ScreenSaver"), &locker,
-                                         QDBusConnection::ExportAllSlots |
-                                             QDBusConnection::ExportAllSignals));
-        QVERIFY(lockerBus.registerService(QStringLiteral("org.freedesktop.ScreenSaver")));
+        FakeLocker locker(true);
+        QVERIFY(locker.serve(lockerBus));
 
         Secrecy secrecy;
         ScreenSaverLockWatcher watcher(privateConnection(address));
