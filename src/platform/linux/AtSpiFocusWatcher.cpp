@@ -15,9 +15,10 @@ namespace {
 const QString launcherService = QStringLiteral("org.a11y.Bus");
 const QString registryService = QStringLiteral("org.a11y.atspi.Registry");
 const QString focusedEvent = QStringLiteral("object:state-changed:focused");
-// AtspiRole's ATSPI_ROLE_PASSWORD_TEXT, AtspiStateType's ATSPI_STATE_FOCUSED and
+// AtspiRole's ATSPI_ROLE_PASSWORD_TEXT, AtspiStateType's ATSPI_STATE_ACTIVE and _FOCUSED, and
 // AtspiCollectionMatchType's ATSPI_Collection_MATCH_ALL.
 constexpr uint passwordTextRole = 40;
+constexpr int activeState = 1;
 constexpr int focusedState = 12;
 constexpr int matchAll = 1;
 
@@ -39,10 +40,10 @@ QDBusArgument focusedObjectRule()
     return rule;
 }
 
-QDBusMessage roleCall(const QString &owner, const QString &object)
+QDBusMessage accessibleCall(const QString &owner, const QString &object, const QString &method)
 {
-    return QDBusMessage::createMethodCall(
-        owner, object, QStringLiteral("org.a11y.atspi.Accessible"), QStringLiteral("GetRole"));
+    return QDBusMessage::createMethodCall(owner, object,
+                                          QStringLiteral("org.a11y.atspi.Accessible"), method);
 }
 
 // The objects of an a(so) answer: bus names and paths.
@@ -168,36 +169,47 @@ void AtSpiFocusWatcher::findStartingFocus()
     // that comes after a focus event is out of date.
     const quint64 focusEvents = m_focusEvents;
     const auto current = [this, focusEvents] { return focusEvents == m_focusEvents; };
-    ask(QDBusMessage::createMethodCall(
-            registryService, QStringLiteral("/org/a11y/atspi/accessible/root"),
-            QStringLiteral("org.a11y.atspi.Accessible"), QStringLiteral("GetChildren")),
-        [this, current](const QVariantList &children) {
-            // a(so): each application's name and root object.
-            for (const auto &[owner, root] : objects(children.value(0))) {
-                if (!current())
+    ask(accessibleCall(registryService, QStringLiteral("/org/a11y/atspi/accessible/root"),
+                       QStringLiteral("GetChildren")),
+        [this, current](const QVariantList &applications) {
+            // a(so): each application's name and root object; then its windows.
+            for (const auto &[owner, root] : objects(applications.value(0)))
+                ask(accessibleCall(owner, root, QStringLiteral("GetChildren")),
+                    [this, current](const QVariantList &windows) {
+                        for (const auto &[owner, window] : objects(windows.value(0)))
+                            findFocusInActiveWindow(owner, window, current);
+                    });
+        });
+}
+
+void AtSpiFocusWatcher::findFocusInActiveWindow(const QString &owner, const QString &window,
+                                                const std::function<bool()> &current)
+{
+    // Only the active window is searched: a large document elsewhere is not walked for nothing.
+    ask(accessibleCall(owner, window, QStringLiteral("GetState")),
+        [this, current, owner, window](const QVariantList &states) {
+            const auto bits = qdbus_cast<QList<uint>>(states.value(0));
+            if (bits.isEmpty() || !(bits.first() & (1u << activeState)) || !current())
+                return;
+            QDBusMessage matches = QDBusMessage::createMethodCall(
+                owner, window, QStringLiteral("org.a11y.atspi.Collection"),
+                QStringLiteral("GetMatches"));
+            // Canonical order, at most one match, through the whole tree. Applications without
+            // the Collection interface answer with an error, which says nothing.
+            matches.setArguments({QVariant::fromValue(focusedObjectRule()), 1u, 1, true});
+            ask(matches, [this, current, owner](const QVariantList &found) {
+                const auto focused = objects(found.value(0));
+                if (focused.empty() || !current())
                     return;
-                QDBusMessage matches = QDBusMessage::createMethodCall(
-                    owner, root, QStringLiteral("org.a11y.atspi.Collection"),
-                    QStringLiteral("GetMatches"));
-                // Canonical order, at most one match, through the whole tree. Applications
-                // without the Collection interface answer with an error, which says nothing.
-                matches.setArguments({QVariant::fromValue(focusedObjectRule()), 1u, 1, true});
-                ask(matches, [this, current, owner](const QVariantList &found) {
-                    const auto focused = objects(found.value(0));
-                    if (focused.empty() || !current())
-                        return;
-                    const QString object = focused.front().second;
-                    // Only a password field counts: an application may still call an object of
-                    // an inactive window focused.
-                    ask(roleCall(owner, object),
-                        [this, current, owner, object](const QVariantList &role) {
-                            if (current() && role.value(0).toUInt() == passwordTextRole) {
-                                m_secrecy->focusMoved(owner, object);
-                                m_secrecy->focusRoleKnown(owner, object, true);
-                            }
-                        });
-                });
-            }
+                const QString object = focused.front().second;
+                ask(accessibleCall(owner, object, QStringLiteral("GetRole")),
+                    [this, current, owner, object](const QVariantList &role) {
+                        if (current() && role.value(0).toUInt() == passwordTextRole) {
+                            m_secrecy->focusMoved(owner, object);
+                            m_secrecy->focusRoleKnown(owner, object, true);
+                        }
+                    });
+            });
         });
 }
 
@@ -235,9 +247,10 @@ void AtSpiFocusWatcher::handleStateChanged(const QDBusMessage &message)
 void AtSpiFocusWatcher::readRole(const QString &owner, const QString &object)
 {
     // No answer: the focus stays hidden until it moves or the application goes.
-    ask(roleCall(owner, object), [this, owner, object](const QVariantList &role) {
-        m_secrecy->focusRoleKnown(owner, object, role.value(0).toUInt() == passwordTextRole);
-    });
+    ask(accessibleCall(owner, object, QStringLiteral("GetRole")),
+        [this, owner, object](const QVariantList &role) {
+            m_secrecy->focusRoleKnown(owner, object, role.value(0).toUInt() == passwordTextRole);
+        });
 }
 
 void AtSpiFocusWatcher::handleNameOwnerChanged(const QString &name, const QString &,

@@ -15,8 +15,8 @@ class QDBusServiceWatcher;
 // A small AT-SPI2 client that follows the keyboard focus and tells whether the focused object is
 // a password field. It asks the session bus's org.a11y.Bus for the accessibility bus
 // (AT_SPI_BUS_ADDRESS first), registers for Object:StateChanged:focused with the registry, and
-// asks each newly focused object for its role ("password text"). On joining it also asks every
-// application for a focused password field, which no event would tell of. It reads roles and
+// asks each newly focused object for its role ("password text"). On joining it also looks for a
+// focused password field in the active window, which no event would tell of. It reads roles and
 // states only, never text. Everything runs on the main thread; the capture thread only reads
 // Secrecy's state.
 //
@@ -46,6 +46,8 @@ private:
     void leave(const QString &why);
     void readRole(const QString &owner, const QString &object);
     void findStartingFocus();
+    void findFocusInActiveWindow(const QString &owner, const QString &window,
+                                 const std::function<bool()> &current);
     // Calls on the accessibility bus; `answer` hears only replies (not errors) from the bus
     // joined when it was asked.
     void ask(const QDBusMessage &call, std::function<void(const QVariantList &)> answer);
