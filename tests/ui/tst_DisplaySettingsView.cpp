@@ -103,7 +103,6 @@ private slots:
         QTest::addColumn<int>("index");      // -1: the customizer saves a custom place
         QTest::addColumn<QString>("result"); // stored position, customizer opened, Edit shown
         QTest::newRow("Top Left") << 0 << QStringLiteral("Top Left, 0, 0");
-        QTest::newRow("Bottom Right") << 5 << QStringLiteral("Bottom Right, 0, 0");
         QTest::newRow("Custom") << 6 << QStringLiteral("Bottom Center, 1, 0");
         QTest::newRow("customizer saves") << -1 << QStringLiteral("Custom, 0, 1");
     }
