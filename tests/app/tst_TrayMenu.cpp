@@ -110,7 +110,6 @@ private slots:
             QTest::newRow(qPrintable(name)) << name << name;
         // As the settings window's picker shows them.
         QTest::newRow("unknown") << u"no.such.symbol"_qs << AppSettings::menuBarIcon.defaultValue;
-        QTest::newRow("empty") << QString() << AppSettings::menuBarIcon.defaultValue;
     }
     void everyIconNameGivesAnIcon()
     {

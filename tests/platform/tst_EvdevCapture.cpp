@@ -267,16 +267,13 @@ private slots:
         QVERIFY(present.checkAccess().granted);
     }
 
-    void hotPlug()
+    // A file moved in is read to its end; what it left held is released then. (Every FIFO of
+    // the other cases is plugged in after the start, too.)
+    void hotPlugAFile()
     {
         Capture capture;
         capture.start();
-        const int fifo = capture.plugFifo("kbd");
-        QVERIFY(fifo >= 0);
-        QVERIFY(writeRecords(fifo, frames({{KEY_K, 1}, {KEY_K, 0}})));
-        QTRY_COMPARE(capture.recorder().events(), QStringList({down(KeyCode::K), up(KeyCode::K)}));
-
-        // A file moved in is read to its end; what it left held is released then.
+        QVERIFY(capture.plugFifo("kbd") >= 0); // the backend runs
         QTemporaryDir elsewhere;
         QFile file(elsewhere.filePath("recorded"));
         QVERIFY(file.open(QIODevice::WriteOnly));
@@ -285,9 +282,8 @@ private slots:
                    qint64(records.size() * sizeof(input_event)));
         file.close();
         QVERIFY(file.rename(capture.path("recorded")));
-        QTRY_COMPARE(
-            capture.recorder().events().mid(2),
-            QStringList({down(KeyCode::Q), up(KeyCode::Q), down(KeyCode::W), up(KeyCode::W)}));
+        QTRY_COMPARE(capture.recorder().events(), QStringList({down(KeyCode::Q), up(KeyCode::Q),
+                                                               down(KeyCode::W), up(KeyCode::W)}));
     }
 
     void unpluggedKeyboardReleasesKeys_data()
