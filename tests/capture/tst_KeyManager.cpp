@@ -226,69 +226,49 @@ private slots:
         QTest::addColumn<Steps>("steps");
         QTest::addColumn<QStringList>("shown");
         using Source = Secrecy::LockSource;
-        const int k = KeyCode::K, m = KeyCode::M;
+        const int k = KeyCode::K;
         const Step typing{{key(k), mods(ctrl), {Type::leftMouseDown, -1, 0, {}}, mods(0)}};
-        const Step typeM{{key(m)}};
+        const Step typeM{{key(KeyCode::M)}}, pressK{{key(k)}}, repeatAndReleaseK{{key(k), up(k)}};
+        const Step locked = lock(Source::logind, true), unlocked = lock(Source::logind, false);
+        const Step inEntry = focus("/entry/1"), ordinary = role("/entry/1", false);
+        const Step inPassword = focus("/pw"), password = role("/pw", true);
+        const Step leftPassword{{}, [](Secrecy &secrecy) { secrecy.focusLeft(":1.5", "/pw"); }};
+        const Step applicationGone{{}, [](Secrecy &secrecy) { secrecy.applicationGone(":1.5"); }};
+        const auto screenSaver = [&](Source source) {
+            return Steps{lock(source, true), lock(source, true), typing, lock(source, false),
+                         typeM};
+        };
 
         QTest::newRow("lock clears the caps and hides typing")
-            << Steps{{{key(m)}}, lock(Source::logind, true), typing} << QStringList{};
-        QTest::newRow("unlock shows the next press")
-            << Steps{lock(Source::gnomeScreenSaver, true), typing,
-                     lock(Source::gnomeScreenSaver, false), typeM}
-            << QStringList{"M"};
+            << Steps{typeM, locked, typing} << QStringList{};
+        QTest::newRow("unlock shows the next press, GNOME")
+            << screenSaver(Source::gnomeScreenSaver) << QStringList{"M"};
+        QTest::newRow("a signal twice, freedesktop")
+            << screenSaver(Source::freedesktopScreenSaver) << QStringList{"M"};
         QTest::newRow("locked while any source says so")
-            << Steps{lock(Source::logind, true), lock(Source::x11ScreenSaver, true),
-                     lock(Source::logind, false), typeM}
-            << QStringList{};
-        QTest::newRow("a signal twice") << Steps{lock(Source::freedesktopScreenSaver, true),
-                                                 lock(Source::freedesktopScreenSaver, true),
-                                                 lock(Source::freedesktopScreenSaver, false), typeM}
-                                        << QStringList{"M"};
+            << Steps{locked, lock(Source::x11ScreenSaver, true), unlocked, typeM} << QStringList{};
         QTest::newRow("key held through the lock: no cap after unlock")
-            << Steps{lock(Source::logind, true),
-                     {{key(k)}},
-                     lock(Source::logind, false),
-                     {{key(k), up(k)}},
-                     typeM}
-            << QStringList{"M"};
+            << Steps{locked, pressK, unlocked, repeatAndReleaseK, typeM} << QStringList{"M"};
         QTest::newRow("key seen before the lock, shown after it")
-            << Steps{{{key(k)}, {}, false}, lock(Source::logind, true), lock(Source::logind, false)}
-            << QStringList{};
-        QTest::newRow("role not known yet hides")
-            << Steps{focus("/entry/1"), typing} << QStringList{};
+            << Steps{{{key(k)}, {}, false}, locked, unlocked} << QStringList{};
+        QTest::newRow("role not known yet hides") << Steps{inEntry, typing} << QStringList{};
         QTest::newRow("caps shown stay while a new focus's role is asked")
-            << Steps{typeM, focus("/entry/1"), role("/entry/1", false)} << QStringList{"M"};
+            << Steps{typeM, inEntry, ordinary} << QStringList{"M"};
         QTest::newRow("ordinary field shows")
-            << Steps{focus("/entry/1"), role("/entry/1", false), typeM} << QStringList{"M"};
+            << Steps{inEntry, ordinary, typeM} << QStringList{"M"};
         QTest::newRow("password field hides")
-            << Steps{focus("/entry/1"), role("/entry/1", true), typing} << QStringList{};
+            << Steps{inPassword, password, typing} << QStringList{};
         QTest::newRow("focus reported twice keeps the known role")
-            << Steps{focus("/entry/1"), role("/entry/1", false), focus("/entry/1"), typeM}
-            << QStringList{"M"};
+            << Steps{inEntry, ordinary, inEntry, typeM} << QStringList{"M"};
         QTest::newRow("late role of an earlier focus is ignored")
-            << Steps{focus("/entry/1"), focus("/entry/2"), role("/entry/1", false), typeM}
-            << QStringList{};
+            << Steps{inEntry, focus("/entry/2"), ordinary, typeM} << QStringList{};
         QTest::newRow("focus leaves the password field between press and release")
-            << Steps{focus("/pw"),
-                     role("/pw", true),
-                     {{key(k)}},
-                     focus("/entry/1"),
-                     role("/entry/1", false),
-                     {{key(k), up(k)}},
-                     typeM}
+            << Steps{inPassword, password, pressK, inEntry, ordinary, repeatAndReleaseK, typeM}
             << QStringList{"M"};
         QTest::newRow("password field loses the focus")
-            << Steps{focus("/pw"),
-                     role("/pw", true),
-                     {{}, [](Secrecy &secrecy) { secrecy.focusLeft(":1.5", "/pw"); }},
-                     typeM}
-            << QStringList{"M"};
+            << Steps{inPassword, password, leftPassword, typeM} << QStringList{"M"};
         QTest::newRow("application gone with its password field")
-            << Steps{focus("/pw"),
-                     role("/pw", true),
-                     {{}, [](Secrecy &secrecy) { secrecy.applicationGone(":1.5"); }},
-                     typeM}
-            << QStringList{"M"};
+            << Steps{inPassword, password, applicationGone, typeM} << QStringList{"M"};
     }
     void secretKeysNeverShow()
     {

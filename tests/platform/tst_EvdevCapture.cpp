@@ -485,10 +485,9 @@ private slots:
     {
         QTest::addColumn<QString>("pkexec"); // what the fake pkexec does
         QTest::addColumn<QString>("problem");
-        QTest::newRow("password dialog closed") << "exit 126"
-                                                << "The password dialog was closed";
-        QTest::newRow("no authentication agent") << "exit 127"
-                                                 << "No authentication agent";
+        QTest::newRow("password dialog closed")
+            << u"exit 126"_qs << u"The password dialog was closed"_qs;
+        QTest::newRow("no authentication agent") << u"exit 127"_qs << u"No authentication agent"_qs;
         QTest::newRow("allowed") << "exec " VANTREL_TESTING_HELPER " \"$HELPER_FOLDER\""
                                  << QString();
     }

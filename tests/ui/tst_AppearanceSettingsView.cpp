@@ -99,12 +99,10 @@ private slots:
     {
         QTest::addColumn<QString>("typed");
         QTest::addColumn<QString>("kept");
-        QTest::newRow("twelve") << "abcdefghijkl"
-                                << "abcdefghij";
-        QTest::newRow("ten") << "abcdefghij"
-                             << "abcdefghij";
-        QTest::newRow("accents count once") << "e\u0301e\u0301e\u0301e\u0301e\u0301e\u0301"
-                                            << "e\u0301e\u0301e\u0301e\u0301e\u0301e\u0301";
+        const QString accents = QStringLiteral("e\u0301").repeated(6); // 12 code units
+        QTest::newRow("twelve") << u"abcdefghijkl"_qs << u"abcdefghij"_qs;
+        QTest::newRow("ten") << u"abcdefghij"_qs << u"abcdefghij"_qs;
+        QTest::newRow("accents count once") << accents << accents;
     }
     void nameFieldKeepsTenCharacters()
     {
