@@ -132,7 +132,6 @@ private slots:
         QTest::newRow("shadow") << true << false << 8.0 << 1.0;
         QTest::newRow("blurred glow") << false << true << 8.0 << 1.0;
         QTest::newRow("sharp glow") << false << true << 0.0 << 1.0;
-        QTest::newRow("both") << true << true << 8.0 << 1.0;
         QTest::newRow("both, 2x") << true << true << 8.0 << 2.0;
     }
     void effects()

@@ -62,8 +62,6 @@ private slots:
         QTest::addColumn<bool>("value");
         QTest::addColumn<Flags>("enabled");
         QTest::addColumn<Flags>("usable"); // which toggles can be changed afterwards
-        QTest::newRow("only display stays on")
-            << Flags{true} << 0 << false << Flags{true} << Flags{false};
         QTest::newRow("only display switched on when shown")
             << Flags{false} << -1 << false << Flags{true} << Flags{false};
         QTest::newRow("last enabled is locked")
