@@ -1,6 +1,5 @@
 #include "BuildConfig.h"
 #include "app/Constants.h"
-#include "ui/Utils.h"
 
 #include <QSysInfo>
 #include <QTest>
@@ -11,24 +10,6 @@ class tst_Constants final : public QObject {
     Q_OBJECT
 
 private slots:
-    void versionAndBuild_data()
-    {
-        QTest::addColumn<QString>("version");
-        QTest::addColumn<QString>("build");
-        QTest::addColumn<QString>("text");
-        QTest::newRow("both") << QStringLiteral("2.1") << QStringLiteral("45")
-                              << QStringLiteral("Version 2.1 (Build 45)");
-        QTest::newRow("no build") << QStringLiteral("2.1") << QString()
-                                  << QStringLiteral("Version 2.1 (Build )");
-    }
-    void versionAndBuild()
-    {
-        QFETCH(QString, version);
-        QFETCH(QString, build);
-        QFETCH(QString, text);
-        QCOMPARE(Utils::formatVersionAndBuild(version, build), text);
-    }
-
     void mailLinkEncodesSpacesAndLineFeeds()
     {
         const QString link = Constants::supportEmailLink();

@@ -157,7 +157,6 @@ private slots:
         QTest::addColumn<QStringList>("preferred");
         QTest::addColumn<QString>("chosen");
         QTest::newRow("German") << QStringList{"de-DE", "de-Latn-DE", "de"} << "de";
-        QTest::newRow("LANGUAGE=de:fr") << QStringList{"de", "fr", "fr-FR"} << "de";
         QTest::newRow("no translation, then French") << QStringList{"he-IL", "fr"} << "fr";
         QTest::newRow("English first") << QStringList{"en-US", "de"} << "";
         QTest::newRow("C locale") << QStringList{"C"} << "";
@@ -166,7 +165,6 @@ private slots:
         // Traditional Chinese readers do not get Simplified Chinese.
         QTest::newRow("Taiwan") << QStringList{"zh-TW", "zh-Hant-TW"} << "";
     }
-
     void choosesTheFirstLanguageVantrelSpeaks()
     {
         QFETCH(QStringList, preferred);
@@ -184,7 +182,6 @@ private slots:
         for (const QString &language : QStringLiteral(VANTREL_LANGUAGES).split(u','))
             QTest::newRow(qPrintable(language)) << language;
     }
-
     void trayMenuAndTabsAreTranslatedAndWhole()
     {
         QFETCH(QString, language);

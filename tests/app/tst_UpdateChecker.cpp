@@ -56,12 +56,9 @@ private slots:
         QTest::addColumn<QString>("a");
         QTest::addColumn<QString>("b");
         QTest::addColumn<int>("order");
-        QTest::newRow("1.10 after 1.9") << "1.10"
-                                        << "1.9" << 1;
-        QTest::newRow("missing part is 0") << "1.0"
-                                           << "1" << 0;
-        QTest::newRow("leading v") << "v0.1.0"
-                                   << "0.1.1" << -1;
+        QTest::newRow("1.10 after 1.9") << u"1.10"_qs << u"1.9"_qs << 1;
+        QTest::newRow("missing part is 0") << u"1.0"_qs << u"1"_qs << 0;
+        QTest::newRow("leading v") << u"v0.1.0"_qs << u"0.1.1"_qs << -1;
     }
     void versionsCompareByNumber()
     {

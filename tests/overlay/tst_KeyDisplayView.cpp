@@ -126,8 +126,6 @@ private slots:
             << KeyPosition::topRight << QPointF() << QRectF(1176, 20, 64, 64);
         QTest::newRow("custom (0, 0): centred on the corner")
             << KeyPosition::custom << QPointF(0, 0) << QRectF(-32, -32, 64, 64);
-        QTest::newRow("custom, stored default")
-            << KeyPosition::custom << QPointF(0.5, 0.85) << QRectF(608, 580, 64, 64);
         QTest::newRow("custom past the edge, not clamped")
             << KeyPosition::custom << QPointF(1.1, 0.25) << QRectF(1376, 148, 64, 64);
     }

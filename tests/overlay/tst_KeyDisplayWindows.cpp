@@ -92,16 +92,12 @@ private slots:
         QFile::remove(m_dir.filePath(QStringLiteral("s.conf")));
     }
 
-    void oneWindowForTheEnabledDisplay()
-    {
-        QCOMPARE(m_manager->keyDisplayWindows().keys(), QList<quint32>{left.id});
-        QCOMPARE(window(left.id)->frame, left.availableGeometry);
-        QVERIFY(window(left.id)->shown);
-    }
-
+    // At start one window, on the enabled display's available area.
     void settingsChangesReuseOrReplaceWindows()
     {
+        QCOMPARE(m_manager->keyDisplayWindows().keys(), QList<quint32>{left.id});
         FakeWindow *first = window(left.id);
+        QVERIFY(first->shown && first->frame == left.availableGeometry);
         m_displays->setPosition(AppSettings::KeyPosition::topRight, left.id);
         QCOMPARE(window(left.id), first); // the same window, refitted
 

@@ -50,23 +50,18 @@ private slots:
         QTest::addColumn<QString>("mru");
         QTest::addColumn<quint32>("current");
         QTest::addColumn<int>("group"); // -1: none
-
-        QTest::newRow("first of mru") << "xkb:us xkb:de xkb:fr"
-                                      << "xkb:de xkb:us" << 0u << 1;
-        QTest::newRow("input method skipped") << "xkb:us ibus:anthy xkb:de"
-                                              << "ibus:anthy xkb:de xkb:us" << 0u << 1;
-        QTest::newRow("no mru: current") << "xkb:us xkb:de"
-                                         << "" << 1u << 1;
-        QTest::newRow("unknown id: current") << "xkb:us xkb:de"
-                                             << "xkb:ru" << 1u << 1;
-        QTest::newRow("current on input method") << "xkb:us ibus:anthy"
-                                                 << "" << 1u << -1;
-        QTest::newRow("current out of range") << "xkb:us"
-                                              << "xkb:ru" << 5u << -1;
-        QTest::newRow("fourth source, next keymap") << "xkb:us xkb:de xkb:fr xkb:ru"
-                                                    << "xkb:ru" << 0u << 0;
+        const auto row = [](const char *name, const char *sources, const char *mru, quint32 current,
+                            int group) {
+            QTest::newRow(name) << QString(sources) << QString(mru) << current << group;
+        };
+        row("first of mru", "xkb:us xkb:de xkb:fr", "xkb:de xkb:us", 0, 1);
+        row("input method skipped", "xkb:us ibus:anthy xkb:de", "ibus:anthy xkb:de xkb:us", 0, 1);
+        row("no mru: current", "xkb:us xkb:de", "", 1, 1);
+        row("unknown id: current", "xkb:us xkb:de", "xkb:ru", 1, 1);
+        row("current on input method", "xkb:us ibus:anthy", "", 1, -1);
+        row("current out of range", "xkb:us", "xkb:ru", 5, -1);
+        row("fourth source, next keymap", "xkb:us xkb:de xkb:fr xkb:ru", "xkb:ru", 0, 0);
     }
-
     void activeGroup()
     {
         QFETCH(QString, sources);

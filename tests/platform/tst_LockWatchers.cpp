@@ -137,26 +137,23 @@ private slots:
         emit locker.ActiveChanged(false);
         QTRY_VERIFY(!secrecy.isLocked());
 
+        const auto activeChanged = [](const char *desktop, bool active) {
+            const QString name = QStringLiteral("org.%1.ScreenSaver").arg(desktop);
+            QDBusMessage signal = QDBusMessage::createSignal(
+                u'/' + QString(name).replace(u'.', u'/'), name, QStringLiteral("ActiveChanged"));
+            signal.setArguments({active});
+            return signal;
+        };
         // Only the locker that owns the name is heard.
-        QDBusMessage spoof = QDBusMessage::createSignal(
-            QStringLiteral("/org/freedesktop/ScreenSaver"),
-            QStringLiteral("org.freedesktop.ScreenSaver"), QStringLiteral("ActiveChanged"));
-        spoof.setArguments({true});
-        QDBusConnection other = privateConnection(address);
-        other.send(spoof);
+        privateConnection(address).send(activeChanged("freedesktop", true));
         QTest::qWait(200);
         QVERIFY(!secrecy.isLocked());
 
         // GNOME's interface, sent from a path of its own.
         QVERIFY(lockerBus.registerService(QStringLiteral("org.gnome.ScreenSaver")));
-        QDBusMessage gnome = QDBusMessage::createSignal(QStringLiteral("/org/gnome/ScreenSaver"),
-                                                        QStringLiteral("org.gnome.ScreenSaver"),
-                                                        QStringLiteral("ActiveChanged"));
-        gnome.setArguments({true});
-        lockerBus.send(gnome);
+        lockerBus.send(activeChanged("gnome", true));
         QTRY_VERIFY(secrecy.isLocked());
-        gnome.setArguments({false});
-        lockerBus.send(gnome);
+        lockerBus.send(activeChanged("gnome", false));
         QTRY_VERIFY(!secrecy.isLocked());
 
         emit locker.ActiveChanged(true);

@@ -10,10 +10,9 @@ class tst_PortalHotKeyGrabber final : public QObject {
     Q_OBJECT
 
 private slots:
+    // Ctrl+Alt+K's trigger is checked in the binding below.
     void triggers()
     {
-        QCOMPARE(PortalHotKeyGrabber::trigger(Qt::CTRL | Qt::ALT | Qt::Key_K),
-                 QStringLiteral("CTRL+ALT+k"));
         QCOMPARE(PortalHotKeyGrabber::trigger(Qt::META | Qt::SHIFT | Qt::Key_F5),
                  QStringLiteral("SHIFT+LOGO+F5"));
     }

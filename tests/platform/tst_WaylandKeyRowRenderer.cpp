@@ -77,7 +77,6 @@ private slots:
         QTest::addRow("a still cap on an output of scale 2") << QPointF(-1, -1) << 2 << false;
         QTest::addRow("a still cap on an output turned to scale 2") << QPointF(-1, -1) << 2 << true;
     }
-
     void drawsAsThePainterDoes()
     {
         QFETCH(QPointF, movingFrom);

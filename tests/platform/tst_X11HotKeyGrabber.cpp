@@ -86,9 +86,6 @@ private slots:
                                       << int(XCB_MOD_MASK_LOCK) << false;
         QTest::newRow("Num Lock on")
             << QStringList{QStringLiteral("Num_Lock")} << QString() << int(XCB_MOD_MASK_2) << false;
-        QTest::newRow("both locks on")
-            << QStringList{QStringLiteral("Caps_Lock"), QStringLiteral("Num_Lock")} << QString()
-            << int(XCB_MOD_MASK_LOCK | XCB_MOD_MASK_2) << false;
         QTest::newRow("after a layout change")
             << QStringList() << QStringLiteral("de") << 0 << false;
         QTest::newRow("keymap loaded again while held") << QStringList() << QString() << 0 << true;

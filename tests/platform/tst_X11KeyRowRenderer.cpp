@@ -87,7 +87,6 @@ private slots:
                 << opaque << capCenter << left;
         }
     }
-
     void drawsAsThePainterDoes()
     {
         QFETCH(bool, opaque);

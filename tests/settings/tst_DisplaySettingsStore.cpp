@@ -4,13 +4,9 @@
 #include "settings/ScreenList.h"
 #include "settings/SettingsStore.h"
 
-#include <QCoreApplication>
-#include <QProcess>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
-
-#include <sys/resource.h>
 
 #include <memory>
 
@@ -21,9 +17,6 @@ using Configs = QList<DisplayConfiguration>;
 Q_DECLARE_METATYPE(KeyPosition)
 
 namespace {
-
-// Set in the environment of a child run that loads a settings file and must end the program.
-constexpr char childLoadVariable[] = "VANTREL_TEST_LOAD_DISPLAYS";
 
 Screen monitor(quint32 id, const QString &name)
 {
@@ -43,8 +36,6 @@ QByteArray json(const Configs &configurations)
 }
 
 } // namespace
-
-// Screens that a test connects, renames and disconnects at will.
 
 class tst_DisplaySettingsStore final : public QObject {
     Q_OBJECT
@@ -189,6 +180,10 @@ private slots:
         row("one good, one bad",
             json({config(1, "Old", true), config(2, "Good", true, KeyPosition::topLeft)})
                 .replace("Bottom Center", "Middle"));
+        // Unreadable data is never checked for duplicates (which would end the program).
+        row("duplicate ids, unreadable", json({config(7, "A", true), config(8, "B", true)})
+                                             .replace("\"id\":8", "\"id\":7")
+                                             .replace("Bottom Center", "Middle"));
     }
     void unreadableStoredDataIsSaidAndReplaced()
     {
@@ -202,53 +197,7 @@ private slots:
         QCOMPARE(m_store->configurations(), fresh);
         QCOMPARE(stored(), fresh);
     }
-
-    void duplicateStoredIdsEndTheProgram_data()
-    {
-        QTest::addColumn<QByteArray>("data");
-        QTest::addColumn<bool>("ends");
-        const QByteArray twice =
-            json({config(7, "A", true), config(8, "B", true)}).replace("\"id\":8", "\"id\":7");
-        row("duplicate", twice, true);
-        // Unreadable data is never checked for duplicates.
-        row("duplicate but unreadable", QByteArray(twice).replace("Bottom Center", "Middle"),
-            false);
-    }
-    void duplicateStoredIdsEndTheProgram()
-    {
-        QFETCH(QByteArray, data);
-        QFETCH(bool, ends);
-        m_settings->setValue(AppSettings::displayConfigurations, data);
-        QProcess child;
-        qputenv(childLoadVariable, m_path.toLocal8Bit());
-        child.start(QCoreApplication::applicationFilePath(), {});
-        qunsetenv(childLoadVariable);
-        QVERIFY(child.waitForFinished(30000));
-        const QByteArray errors = child.readAllStandardError();
-        QCOMPARE(child.exitStatus(), QProcess::NormalExit);
-        QCOMPARE(child.exitCode(), ends ? 1 : 0);
-        if (ends)
-            QVERIFY2(errors.contains("two records for display 7 under \"displayConfigurations\""),
-                     errors.constData());
-    }
 };
 
-int main(int argc, char *argv[])
-{
-    QCoreApplication app(argc, argv);
-    if (qEnvironmentVariableIsSet(childLoadVariable)) {
-        // The child run: load the settings with one display connected, then exit.
-        const rlimit noCoreFile{0, 0};
-        setrlimit(RLIMIT_CORE, &noCoreFile);
-        SettingsStore settings(qEnvironmentVariable(childLoadVariable));
-        FakeScreenList screens;
-        screens.list = {monitor(7, QStringLiteral("A"))};
-        DisplaySettingsStore store(settings, screens);
-        return 0;
-    }
-    tst_DisplaySettingsStore test;
-    QTEST_SET_MAIN_SOURCE_PATH
-    return QTest::qExec(&test, argc, argv);
-}
-
+QTEST_GUILESS_MAIN(tst_DisplaySettingsStore)
 #include "tst_DisplaySettingsStore.moc"

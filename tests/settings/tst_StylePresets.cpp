@@ -1,6 +1,5 @@
 #include "settings/AppSettings.h"
 #include "settings/CustomKeyStylePresetStore.h"
-#include "settings/KeyStylePreset.h"
 #include "settings/SettingsStore.h"
 #include "settings/StylePresetActions.h"
 
@@ -15,24 +14,6 @@ using KeyAnimationStyle = AppSettings::KeyAnimationStyle;
 using Look = AppearanceSettingsSnapshot;
 using Preset = CustomKeyStylePreset;
 using Presets = QList<Preset>;
-
-namespace {
-
-// The look a built-in style leaves in the settings.
-Look snapshotOf(KeyStyle style)
-{
-    const KeyStylePreset p = AppSettings::getStylePreset(style);
-    return {p.keySize,         p.keySpacing,
-            p.keyOpacity,      AppSettings::rawValue(p.keyAnimationStyle),
-            p.fontName,        p.textColor,
-            p.backgroundColor, p.borderColor,
-            p.borderWidth,     p.cornerRadius,
-            p.shadowEnabled,   p.shadowRadius,
-            p.shadowColor,     p.glowEnabled,
-            p.glowColor,       p.glowRadius};
-}
-
-} // namespace
 
 // Built-in styles, saved presets and what the style tiles do with them.
 class tst_StylePresets final : public QObject {
@@ -72,7 +53,7 @@ private slots:
         Look defaults = look();
         QCOMPARE(defaults.keyAnimationStyleRawValue, QStringLiteral("fadeIn"));
         defaults.keyAnimationStyleRawValue = QStringLiteral("bounce");
-        QVERIFY(defaults == snapshotOf(KeyStyle::modern));
+        QVERIFY(defaults == StylePresetActions::snapshotOf(KeyStyle::modern));
     }
 
     void presetNames_data()
@@ -176,7 +157,7 @@ private slots:
             {"FadeIn", KeyAnimationStyle::none}};
         m_actions->applyBuiltInStyle(KeyStyle::neon);
         for (const auto &[text, applied] : animations) {
-            Look preset = snapshotOf(KeyStyle::classic);
+            Look preset = StylePresetActions::snapshotOf(KeyStyle::classic);
             preset.keyAnimationStyleRawValue = text;
             const Preset p{QUuid::createUuid(), "P", preset};
             m_presets->addPreset(p);
@@ -192,7 +173,7 @@ private slots:
         // Choosing a style deselects the preset and never touches saved presets.
         m_settings->setValue(AppSettings::keyTextColor, QString());
         m_actions->applyBuiltInStyle(KeyStyle::gaming);
-        QVERIFY(look() == snapshotOf(KeyStyle::gaming));
+        QVERIFY(look() == StylePresetActions::snapshotOf(KeyStyle::gaming));
         QCOMPARE(m_settings->value(AppSettings::selectedCustomPresetID), QString());
         QVERIFY(m_actions->isBuiltInStyleSelected(KeyStyle::gaming));
         QCOMPARE(m_presets->presets().size(), 3);
@@ -217,7 +198,7 @@ private slots:
         reopen();
         QVERIFY(m_presets->presets().isEmpty());
         // The preset in use goes back to modern, not to the neon style stored last.
-        QVERIFY(look() == snapshotOf(KeyStyle::modern));
+        QVERIFY(look() == StylePresetActions::snapshotOf(KeyStyle::modern));
         QCOMPARE(m_settings->value(AppSettings::keyStyle), KeyStyle::modern);
         QCOMPARE(m_settings->value(AppSettings::selectedCustomPresetID), QString());
     }

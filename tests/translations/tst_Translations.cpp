@@ -102,7 +102,6 @@ private slots:
         for (const QString &language : QStringLiteral(VANTREL_LANGUAGES).split(u','))
             QTest::newRow(qPrintable(language)) << language;
     }
-
     void everyTextIsTranslated()
     {
         QFETCH(QString, language);

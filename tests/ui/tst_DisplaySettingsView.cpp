@@ -62,8 +62,6 @@ private slots:
         QTest::addColumn<bool>("value");
         QTest::addColumn<Flags>("enabled");
         QTest::addColumn<Flags>("usable"); // which toggles can be changed afterwards
-        QTest::newRow("only display stays on")
-            << Flags{true} << 0 << false << Flags{true} << Flags{false};
         QTest::newRow("only display switched on when shown")
             << Flags{false} << -1 << false << Flags{true} << Flags{false};
         QTest::newRow("last enabled is locked")
@@ -103,7 +101,6 @@ private slots:
         QTest::addColumn<int>("index");      // -1: the customizer saves a custom place
         QTest::addColumn<QString>("result"); // stored position, customizer opened, Edit shown
         QTest::newRow("Top Left") << 0 << QStringLiteral("Top Left, 0, 0");
-        QTest::newRow("Bottom Right") << 5 << QStringLiteral("Bottom Right, 0, 0");
         QTest::newRow("Custom") << 6 << QStringLiteral("Bottom Center, 1, 0");
         QTest::newRow("customizer saves") << -1 << QStringLiteral("Custom, 0, 1");
     }
