@@ -71,19 +71,22 @@ QtMessageHandler passOnMessage = nullptr;
 // What prepareQtPlatform() put into the environment, for qtPlatformStarted() to take out.
 bool choseQtPlatform = false;
 bool choseBufferIntegration = false;
+// Whether Vantrel (not the user) chose the buffer integration Qt's notes are about.
+bool quietBufferIntegration = false;
 
 // Notes Qt's wayland platform prints at every start that say nothing about Vantrel: the GL
-// buffer integration it was told not to load is missing, and the tray (a StatusNotifierItem
-// there) looks for a signal only X11 has.
+// buffer integration Vantrel told it not to load is missing (a user's own choice is not hidden),
+// and the tray looks for a signal only X11 has.
 void dropWaylandStartNotes(QtMsgType type, const QMessageLogContext &context,
                            const QString &message)
 {
-    const bool known = type == QtWarningMsg &&
-                       ((qstrcmp(context.category, "qt.qpa.wayland") == 0 &&
-                         (message.startsWith(u"Failed to load client buffer integration") ||
-                          message.startsWith(u"Available client buffer integrations"))) ||
-                        (qstrcmp(context.category, "qt.core.qobject.connect") == 0 &&
-                         message.contains(u"QPlatformNativeInterface::systemTrayWindowChanged")));
+    const bool known =
+        type == QtWarningMsg &&
+        ((quietBufferIntegration && qstrcmp(context.category, "qt.qpa.wayland") == 0 &&
+          (message.startsWith(u"Failed to load client buffer integration") ||
+           message.startsWith(u"Available client buffer integrations"))) ||
+         (qstrcmp(context.category, "qt.core.qobject.connect") == 0 &&
+          message.contains(u"QPlatformNativeInterface::systemTrayWindowChanged")));
     if (known)
         return;
     if (passOnMessage)
@@ -106,7 +109,7 @@ void Platform::prepareQtPlatform()
         return;
     if (!qEnvironmentVariableIsSet("QT_WAYLAND_CLIENT_BUFFER_INTEGRATION")) {
         qputenv("QT_WAYLAND_CLIENT_BUFFER_INTEGRATION", "none");
-        choseBufferIntegration = true;
+        choseBufferIntegration = quietBufferIntegration = true;
     }
     static const QtMessageHandler previous = qInstallMessageHandler(&dropWaylandStartNotes);
     passOnMessage = previous;
