@@ -197,11 +197,12 @@ void AtSpiFocusWatcher::findFocusInActiveWindow(const QString &owner, const QStr
             // Canonical order, at most one match, through the whole tree. Applications without
             // the Collection interface answer with an error, which says nothing.
             matches.setArguments({QVariant::fromValue(focusedObjectRule()), 1u, 1, true});
-            ask(matches, [this, current, owner](const QVariantList &found) {
+            ask(matches, [this, current](const QVariantList &found) {
                 const auto focused = objects(found.value(0));
                 if (focused.empty() || !current())
                     return;
-                const QString object = focused.front().second;
+                // The object may live in another process than its window (a plug).
+                const auto [owner, object] = focused.front();
                 ask(accessibleCall(owner, object, QStringLiteral("GetRole")),
                     [this, current, owner, object](const QVariantList &role) {
                         if (current() && role.value(0).toUInt() == passwordTextRole) {
