@@ -202,6 +202,9 @@ QProcessEnvironment HeadlessSway::environment() const
     env.insert(QStringLiteral("SWAYSOCK"), m_swaySocket);
     env.insert(QStringLiteral("XDG_RUNTIME_DIR"), m_runtimeDir.path());
     env.remove(QStringLiteral("DISPLAY"));
+    // Never the desktop's buses: tests that need one start their own.
+    env.remove(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"));
+    env.remove(QStringLiteral("AT_SPI_BUS_ADDRESS"));
     return env;
 }
 

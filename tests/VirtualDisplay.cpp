@@ -53,6 +53,7 @@ void VirtualDisplay::stop()
             helper->reset();
         }
     }
+    m_busAddress.clear();
     stopCompositor();
     if (m_server) {
         m_server->terminate();
@@ -74,6 +75,12 @@ QProcessEnvironment VirtualDisplay::environment() const
     env.insert(QStringLiteral("DISPLAY"), m_displayName);
     env.remove(QStringLiteral("WAYLAND_DISPLAY"));
     env.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
+    // Never the desktop's buses: a Vantrel under test would hand over to one running there.
+    env.remove(QStringLiteral("AT_SPI_BUS_ADDRESS"));
+    if (m_busAddress.isEmpty())
+        env.remove(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"));
+    else
+        env.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), m_busAddress);
     return env;
 }
 
@@ -159,6 +166,13 @@ QString VirtualDisplay::startSessionBus()
     m_busRuntime = std::make_unique<QTemporaryDir>();
     QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
     env.insert(QStringLiteral("XDG_RUNTIME_DIR"), m_busRuntime->path());
+    // What the bus starts (the accessibility bus's launcher marks the X root window) stays on
+    // this server, off the desktop the tests may run from.
+    env.remove(QStringLiteral("WAYLAND_DISPLAY"));
+    if (m_displayName.isEmpty())
+        env.remove(QStringLiteral("DISPLAY"));
+    else
+        env.insert(QStringLiteral("DISPLAY"), m_displayName);
     m_bus = std::make_unique<QProcess>();
     m_bus->setProcessEnvironment(env);
     m_bus->start(QStringLiteral("dbus-daemon"),
@@ -166,5 +180,6 @@ QString VirtualDisplay::startSessionBus()
                   QStringLiteral("--print-address=1")});
     if (!m_bus->waitForReadyRead(5000))
         return {};
-    return QString::fromLatin1(m_bus->readLine().trimmed());
+    m_busAddress = QString::fromLatin1(m_bus->readLine().trimmed());
+    return m_busAddress;
 }

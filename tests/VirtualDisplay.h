@@ -65,6 +65,7 @@ private:
     std::unique_ptr<QProcess> m_compositor;
     std::unique_ptr<QProcess> m_windowManager;
     std::unique_ptr<QProcess> m_bus;
+    QString m_busAddress;
     // The bus's runtime folder: services it starts (the accessibility bus) keep their sockets
     // there, apart from those of other tests.
     std::unique_ptr<QTemporaryDir> m_busRuntime;

@@ -84,7 +84,9 @@ private slots:
         row("us", "Control+k, not its control character", K, ctrl, "K");
         row("us", "space", Space, 0, "␣");
         row("us", "return", Return, 0, "↩");
+        row("us", "escape", Escape, 0, "⎋");
         row("us", "F5", F5, 0, "F5");
+        row("us", "left", LeftArrow, 0, "←");
         row("us", "home", Home, 0, "↖");
         row("us", "F13", F13, 0, notShown);
         row("us", "Insert", Help, 0, notShown);

@@ -16,6 +16,8 @@ inline bool differs(QRgb a, QRgb b)
 inline QList<QRect> findCaps(const QImage &screen, const QRect &area, QRgb background)
 {
     QList<QRect> caps;
+    if (!screen.rect().contains(area))
+        return caps; // no screen read (the test has failed already), or the wrong one
     int runStart = -1, top = 0, bottom = 0;
     for (int x = area.left(); x <= area.right() + 1; ++x) {
         int columnTop = -1, columnBottom = -1;

@@ -170,12 +170,16 @@ private slots:
         QCOMPARE(selectedTiles(), selected);
     }
 
-    // A tile's remove button deletes its preset; deleting the one in use applies Modern.
+    // Deleting another preset leaves the look alone; deleting the one in use applies Modern.
     void deletingPresets()
     {
         savePreset(QStringLiteral("Other"));
+        m_view->applyStylePreset(KeyStyle::gaming);
         savePreset(QStringLiteral("Mine"));
+        m_store->setValue(AppSettings::keySize, 4.5);
+        const Look before = look();
         tile(QStringLiteral("Other"))->removeButton()->click();
+        QCOMPARE(look(), before);
         QCOMPARE(selectedTiles(), QStringList{"Mine"});
         tile(QStringLiteral("Mine"))->removeButton()->click();
         QCOMPARE(selectedTiles(), QStringList{"Modern"});
@@ -233,6 +237,7 @@ private slots:
         QTest::addColumn<int>("position");
         QTest::addColumn<double>("stored");
         QTest::newRow("size, hundredths") << "keySize" << 1000 << 10.0;
+        QTest::newRow("size below range") << "keySize" << 50 << 1.0;
         QTest::newRow("spacing") << "keySpacing" << 125 << 12.5;
         QTest::newRow("opacity, tenths") << "keyOpacity" << 3 << 0.3;
         QTest::newRow("border, halves") << "keyBorderWidth" << 3 << 1.5;

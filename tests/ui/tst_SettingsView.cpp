@@ -98,8 +98,10 @@ private slots:
             QTest::newRow(name) << QString::fromLatin1(key) << input << stored;
         };
         row("duration", "keyDisplayDuration", 7, 3.5);
+        row("duration below 0.5", "keyDisplayDuration", 0, 0.5);
         row("duration above 10", "keyDisplayDuration", 21, 10.0);
         row("max keys", "keyMaxDisplayCount", 9, 9);
+        row("max keys below 1", "keyMaxDisplayCount", 0, 1);
         row("max keys above 20", "keyMaxDisplayCount", 21, 20);
         row("menu bar icon", "menuBarIcon", 2, QStringLiteral("keyboard.fill"));
     }
