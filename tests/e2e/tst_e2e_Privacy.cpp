@@ -48,7 +48,6 @@ private slots:
         // No login manager here: that protection is off, the others must still work.
         env.insert(QStringLiteral("DBUS_SYSTEM_BUS_ADDRESS"),
                    u"unix:path=" + m_session->configPath() + u"/no-bus");
-        env.remove(QStringLiteral("AT_SPI_BUS_ADDRESS"));
         env.remove(QStringLiteral("NO_AT_BRIDGE"));
     }
 

@@ -36,7 +36,6 @@ private slots:
             {QStringLiteral("for_window [title=\"Vantrel password test\"] floating enable")}));
         QProcessEnvironment env = session.sway().environment();
         env.remove(QStringLiteral("QT_QPA_PLATFORM"));
-        env.remove(QStringLiteral("AT_SPI_BUS_ADDRESS"));
         env.remove(QStringLiteral("NO_AT_BRIDGE"));
         SettingsStore(session.settingsPath()).setRawValue(QStringLiteral("showAllKeys"), true);
         session.setSessionBus(bus);
